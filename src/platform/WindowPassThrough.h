@@ -1,0 +1,23 @@
+#pragma once
+
+#include <memory>
+
+class QWindow;
+
+// Per-window mouse pass-through and capture exclusion, the two native window
+// operations the click-through loop needs.
+class WindowPassThrough
+{
+public:
+    virtual ~WindowPassThrough() = default;
+
+    // Makes the window let the mouse through (true) or take it (false).
+    // Implementations write to the window system only when the state must
+    // change, and keep the state across resize, hide/show and re-creation.
+    virtual void setPassThrough(QWindow *window, bool passThrough) = 0;
+
+    // Keeps the window out of screen grabs where the platform can.
+    virtual void excludeFromCapture(QWindow *window) = 0;
+
+    static std::unique_ptr<WindowPassThrough> create();
+};
