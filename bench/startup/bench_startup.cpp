@@ -2,7 +2,6 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
@@ -40,9 +39,12 @@ private:
         QTemporaryDir home;
         for (const char *sub : { "data", "config", "tmp" })
             QDir(home.path()).mkdir(QString::fromLatin1(sub));
-        QSettings(home.path() + QStringLiteral("/config/Orvelline/Glimmora.conf"),
-                  QSettings::IniFormat)
-            .setValue(QStringLiteral("general/firstRunDone"), true);
+        // The onboarding is done ("%65" keeps the group name lower-case).
+        QDir().mkpath(home.path() + QStringLiteral("/config/Orvelline"));
+        QFile config(home.path() + QStringLiteral("/config/Orvelline/Glimmora.conf"));
+        if (config.open(QIODevice::WriteOnly))
+            config.write("[gen%65ral]\nfirstRunDone=true\n");
+        config.close();
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert(QStringLiteral("XDG_DATA_HOME"), home.path() + QStringLiteral("/data"));
         env.insert(QStringLiteral("XDG_CONFIG_HOME"), home.path() + QStringLiteral("/config"));
