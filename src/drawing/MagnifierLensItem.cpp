@@ -57,9 +57,11 @@ void MagnifierLensItem::setZoomFactor(double zoomFactor)
     emit zoomFactorChanged();
 }
 
-QRect MagnifierLensItem::sourceSquare(const QPoint &pointer, const QSizeF &itemSize, double zoomFactor)
+QRect MagnifierLensItem::sourceSquare(const QPoint &pointer, const QSizeF &itemSize,
+                                      double zoomFactor)
 {
-    const int lensSide = std::max(1, int(std::lround(std::max(itemSize.width(), itemSize.height()))));
+    const int lensSide =
+        std::max(1, int(std::lround(std::max(itemSize.width(), itemSize.height()))));
     const int grabSide = std::max(MinimumGrabSide, int(std::lround(lensSide / zoomFactor)));
     return QRect(pointer.x() - grabSide / 2, pointer.y() - grabSide / 2, grabSide, grabSide);
 }

@@ -6,11 +6,10 @@
 #include <QScreen>
 #include <QWindow>
 
-#include <xcb/composite.h>
-
 #include <cstdlib>
 #include <memory>
 #include <vector>
+#include <xcb/composite.h>
 
 Q_LOGGING_CATEGORY(lcGrabber, "glimmora.magnifier")
 
@@ -48,11 +47,12 @@ XcbCompositeGrabber::XcbCompositeGrabber()
     if (!m_connection)
         return;
     m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
-    const xcb_query_extension_reply_t *extension = xcb_get_extension_data(m_connection, &xcb_composite_id);
+    const xcb_query_extension_reply_t *extension =
+        xcb_get_extension_data(m_connection, &xcb_composite_id);
     if (!extension || !extension->present)
         return;
     Reply<xcb_composite_query_version_reply_t> version(xcb_composite_query_version_reply(
-            m_connection, xcb_composite_query_version(m_connection, 0, 2), nullptr));
+        m_connection, xcb_composite_query_version(m_connection, 0, 2), nullptr));
     // Naming window pixmaps needs Composite 0.2.
     m_compositeAvailable = version && (version->major_version > 0 || version->minor_version >= 2);
 }
@@ -75,7 +75,7 @@ QImage XcbCompositeGrabber::grab(QScreen *screen, const QRect &area, QWindow *ab
 QImage XcbCompositeGrabber::composeBelow(const QRect &nativeArea, xcb_window_t stopAt)
 {
     Reply<xcb_query_tree_reply_t> tree(
-            xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, m_root), nullptr));
+        xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, m_root), nullptr));
     if (!tree)
         return {};
     const xcb_window_t *children = xcb_query_tree_children(tree.get());
@@ -95,9 +95,9 @@ QImage XcbCompositeGrabber::composeBelow(const QRect &nativeArea, xcb_window_t s
     bool reachedStop = false;
     for (int i = 0; i < count; ++i) {
         Reply<xcb_get_window_attributes_reply_t> attributes(
-                xcb_get_window_attributes_reply(m_connection, attributeCookies[i], nullptr));
+            xcb_get_window_attributes_reply(m_connection, attributeCookies[i], nullptr));
         Reply<xcb_get_geometry_reply_t> geometry(
-                xcb_get_geometry_reply(m_connection, geometryCookies[i], nullptr));
+            xcb_get_geometry_reply(m_connection, geometryCookies[i], nullptr));
         if (reachedStop || children[i] == stopAt) {
             reachedStop = true;
             continue; // the remaining replies still have to be collected
@@ -114,7 +114,8 @@ QImage XcbCompositeGrabber::composeBelow(const QRect &nativeArea, xcb_window_t s
 
         const xcb_pixmap_t pixmap = xcb_generate_id(m_connection);
         xcb_generic_error_t *error = xcb_request_check(
-                m_connection, xcb_composite_name_window_pixmap_checked(m_connection, children[i], pixmap));
+            m_connection,
+            xcb_composite_name_window_pixmap_checked(m_connection, children[i], pixmap));
         if (error) {
             // Not redirected: no compositing manager runs, and there is nothing below to read.
             std::free(error);
@@ -122,17 +123,16 @@ QImage XcbCompositeGrabber::composeBelow(const QRect &nativeArea, xcb_window_t s
         }
         const QPoint inWindow = part.topLeft() - windowRect.topLeft();
         Reply<xcb_get_image_reply_t> image(xcb_get_image_reply(
-                m_connection,
-                xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap, inWindow.x(),
-                              inWindow.y(), part.width(), part.height(), ~0u),
-                nullptr));
+            m_connection,
+            xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap, inWindow.x(),
+                          inWindow.y(), part.width(), part.height(), ~0u),
+            nullptr));
         xcb_free_pixmap(m_connection, pixmap);
         if (!image || xcb_get_image_data_length(image.get()) < part.width() * part.height() * 4)
             continue;
-        const QImage piece(xcb_get_image_data(image.get()), part.width(), part.height(),
-                           part.width() * 4,
-                           image->depth == 32 ? QImage::Format_ARGB32_Premultiplied
-                                              : QImage::Format_RGB32);
+        const QImage piece(
+            xcb_get_image_data(image.get()), part.width(), part.height(), part.width() * 4,
+            image->depth == 32 ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
         painter.drawImage(part.topLeft() - nativeArea.topLeft(), piece);
     }
     return reachedStop ? result : QImage();
@@ -144,7 +144,7 @@ xcb_window_t XcbCompositeGrabber::topLevelOf(xcb_window_t window) const
     // frame between the two.
     while (window != XCB_NONE) {
         Reply<xcb_query_tree_reply_t> tree(
-                xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, window), nullptr));
+            xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, window), nullptr));
         if (!tree)
             return XCB_NONE;
         if (tree->parent == m_root)
