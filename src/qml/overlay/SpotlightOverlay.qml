@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Window
+import GlimmoraApp
 import "SpotlightTracking.js" as Tracking
 
 // Darkens this display but for a soft disc at the pointer. The overlay passes

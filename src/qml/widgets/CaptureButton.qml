@@ -68,17 +68,15 @@ Item {
         color: "transparent"
         border.width: AppTheme.px(2)
         border.color: AppTheme.accent
-        opacity: 0
+        // Shown only while a capture is pending, so its opacity is 0 again
+        // as soon as the capture ends.
+        visible: appController.captureInProgress
 
         SequentialAnimation on opacity {
             running: appController.captureInProgress
             loops: Animation.Infinite
             NumberAnimation { to: 0.85; duration: 180; easing.type: Easing.OutQuad }
             NumberAnimation { to: 0.2; duration: 280; easing.type: Easing.InQuad }
-            onRunningChanged: {
-                if (!running)
-                    pulse.opacity = 0;
-            }
         }
     }
 

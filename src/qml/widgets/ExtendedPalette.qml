@@ -6,7 +6,6 @@ import GlimmoraApp
 CtxMenu {
     id: root
 
-    property string currentColor: ""
     readonly property var extraColors: ["#FF5252", "#FF8A80", "#FFD740", "#FFFF8D", "#69F0AE", "#B9F6CA",
                                         "#40C4FF", "#80D8FF", "#EA80FC", "#E040FB", "#FF6D00", "#FF9E80"]
 
@@ -21,6 +20,7 @@ CtxMenu {
 
             Repeater {
                 model: root.extraColors
+                onItemAdded: function (index, item) { item.picked.connect(root.close); }
 
                 delegate: Rectangle {
                     id: dot
@@ -32,12 +32,15 @@ CtxMenu {
                     radius: width / 2
                     color: dot.modelData
                     border.width: 1
-                    border.color: root.currentColor === dot.modelData.toLowerCase() ? AppTheme.accent : "#18FFFFFF"
+                    border.color: appController.currentPenColor.toLowerCase() === dot.modelData.toLowerCase()
+                                  ? AppTheme.accent : "#18FFFFFF"
                     scale: dotArea.containsMouse ? 1.15 : 1.0
 
                     Behavior on scale {
                         NumberAnimation { duration: 80 }
                     }
+
+                    signal picked()
 
                     MouseArea {
                         id: dotArea
@@ -46,7 +49,7 @@ CtxMenu {
                         cursorShape: Qt.PointingHandCursor
                         onClicked: {
                             appController.setCurrentPenColor(dot.modelData);
-                            root.close();
+                            dot.picked();
                         }
                     }
                 }

@@ -81,12 +81,13 @@ Item {
             Repeater {
                 model: root.tools
                 delegate: ToolbarButton {
+                    id: toolButton
                     required property string modelData
-                    iconSrc: root.iconBase + modelData + ".svg"
-                    active: appController.overlayEnabled && appController.currentTool === modelData
+                    iconSrc: "qrc:/qt/qml/GlimmoraApp/src/assets/icons/" + toolButton.modelData + ".svg"
+                    active: appController.overlayEnabled && appController.currentTool === toolButton.modelData
                     onClicked: {
                         const wasPaused = !appController.overlayEnabled;
-                        appController.setTool(modelData);
+                        appController.setTool(toolButton.modelData);
                         // Picking a tool wakes a paused overlay.
                         if (wasPaused)
                             appController.toggleOverlay();
@@ -97,14 +98,17 @@ Item {
             Repeater {
                 model: root.colorPalette
                 delegate: ColorSwatch {
+                    id: swatch
                     required property color modelData
-                    swatchColor: modelData
-                    current: root.normalizedColor(appController.currentPenColor) === root.normalizedColor(modelData)
-                    onPicked: appController.setCurrentPenColor(modelData.toString().toUpperCase())
-                    onPaletteRequested: function (x, y) {
-                        const p = mapToItem(root, x, y);
+                    swatchColor: swatch.modelData
+                    current: appController.currentPenColor.toLowerCase() === swatch.modelData.toString().toLowerCase()
+                    onPicked: appController.setCurrentPenColor(swatch.modelData.toString().toUpperCase())
+                }
+                onItemAdded: function (index, item) {
+                    item.paletteRequested.connect(function (x, y) {
+                        const p = item.mapToItem(root, x, y);
                         palette.popup(p.x, p.y);
-                    }
+                    });
                 }
             }
             ToolbarSeparator {}
@@ -182,7 +186,6 @@ Item {
         id: captureMenu
         panelX: root.menuX(captureButton)
         panelY: pill.y + pill.height + AppTheme.px(6)
-        shortcutLabel: root.shortcutLabel
     }
 
     ToolbarRecordMenu {
@@ -193,6 +196,5 @@ Item {
 
     ExtendedPalette {
         id: palette
-        currentColor: root.normalizedColor(appController.currentPenColor)
     }
 }

@@ -22,14 +22,13 @@ Rectangle {
     component MenuRow: Rectangle {
         id: row
 
-        property url iconSource
+        property string iconName
         property string label
         property string shortcut
         property bool danger: false
 
         signal activated()
 
-        width: root.width - AppTheme.px(12)
         height: AppTheme.menuItemHeight
         radius: AppTheme.px(7)
         color: rowArea.containsMouse ? "#10FFFFFF" : "transparent"
@@ -39,18 +38,19 @@ Rectangle {
         }
 
         Image {
-            visible: row.iconSource.toString() !== ""
-            source: row.iconSource
+            visible: row.iconName !== ""
+            source: row.iconName !== "" ? "qrc:/qt/qml/GlimmoraApp/src/assets/icons/" + row.iconName : ""
             width: AppTheme.px(16)
             height: AppTheme.px(16)
-            sourceSize: Qt.size(width, height)
+            sourceSize.width: width
+            sourceSize.height: height
             x: AppTheme.px(10)
             anchors.verticalCenter: parent.verticalCenter
             opacity: rowArea.containsMouse ? 1.0 : 0.7
         }
 
         Text {
-            x: row.iconSource.toString() !== "" ? AppTheme.px(36) : AppTheme.px(10)
+            x: row.iconName !== "" ? AppTheme.px(36) : AppTheme.px(10)
             anchors.verticalCenter: parent.verticalCenter
             text: row.label
             font.pixelSize: AppTheme.fontSizeBody
@@ -118,20 +118,23 @@ Rectangle {
         anchors.margins: AppTheme.px(6)
 
         MenuRow {
+            width: rows.width
             label: appController.overlayEnabled ? "Pause overlay" : "Resume overlay"
-            iconSource: "qrc:/qt/qml/GlimmoraApp/src/assets/icons/" + (appController.overlayEnabled ? "pause.svg" : "play.svg")
+            iconName: appController.overlayEnabled ? "pause.svg" : "play.svg"
             shortcut: root.shortcutFor("toggleOverlay")
             onActivated: root.run(function () { appController.toggleOverlay(); })
         }
         MenuRow {
+            width: rows.width
             label: AppTheme.isLinux ? "Preferences…" : "Settings…"
-            iconSource: "qrc:/qt/qml/GlimmoraApp/src/assets/icons/settings.svg"
+            iconName: "settings.svg"
             shortcut: root.shortcutFor("openSettings")
             onActivated: root.run(function () { appController.showSettings(); })
         }
         MenuRow {
+            width: rows.width
             label: "About Glimmora"
-            iconSource: "qrc:/qt/qml/GlimmoraApp/src/assets/icons/info.svg"
+            iconName: "info.svg"
             onActivated: root.run(function () { appController.showSettings(); })
         }
         Item {
@@ -146,9 +149,10 @@ Rectangle {
             }
         }
         MenuRow {
+            width: rows.width
             label: "Quit Glimmora"
             danger: true
-            iconSource: "qrc:/qt/qml/GlimmoraApp/src/assets/icons/power.svg"
+            iconName: "power.svg"
             shortcut: root.shortcutFor("quit")
             onActivated: root.run(function () { root.quitRequested(); })
         }

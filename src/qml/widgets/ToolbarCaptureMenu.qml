@@ -4,7 +4,10 @@ import GlimmoraApp
 ToolbarMenu {
     id: root
 
-    property var shortcutLabel: function (action) { return ""; }
+    function shortcutLabel(action) {
+        const seq = settingsManager.hotkeysRevision >= 0 ? settingsManager.hotkeyForAction(action) : "";
+        return AppTheme.isLinux ? seq.replace("Win", "Super") : seq;
+    }
     readonly property string iconBase: "qrc:/qt/qml/GlimmoraApp/src/assets/icons/"
 
     CtxItem {
