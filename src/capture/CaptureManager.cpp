@@ -42,7 +42,8 @@ CaptureManager::CaptureManager(SettingsManager *settings, ScreenGrab grab, bool 
     , m_grab(std::move(grab))
     , m_webpSupported(webpSupported)
 {
-    qCDebug(lcCapture) << "CaptureManager: WebP writer" << (m_webpSupported ? "found" : "missing");
+    qCDebug(lcCapture) << "CaptureManager: WebP writer"
+                       << (m_webpSupported ? "available" : "not available");
 }
 
 bool CaptureManager::captureScreen(QScreen *screen, const QImage &annotations, QString *savedPath,
