@@ -3,7 +3,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QImageReader>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
@@ -38,40 +37,9 @@ class TestCaptureSave : public QObject
     Q_OBJECT
 
 private slots:
-    void roundTrip_data();
-    void roundTrip();
     void faults_data();
     void faults();
 };
-
-void TestCaptureSave::roundTrip_data()
-{
-    QTest::addColumn<QByteArray>("format");
-    QTest::addColumn<bool>("lossless");
-    QTest::newRow("png") << QByteArray("png") << true;
-    QTest::newRow("jpg") << QByteArray("jpg") << false;
-    QTest::newRow("webp") << QByteArray("webp") << false;
-}
-
-void TestCaptureSave::roundTrip()
-{
-    QFETCH(QByteArray, format);
-    QFETCH(bool, lossless);
-    QTemporaryDir dir;
-    const QImage image = noise({ 64, 48 });
-    const QString path = dir.filePath("shot." + QString::fromLatin1(format));
-    QString error;
-    QVERIFY2(AtomicImageFile::write(image, path, format, 80, &error), qPrintable(error));
-    QVERIFY(error.isEmpty());
-    QCOMPARE(entries(dir.path()), QStringList { QFileInfo(path).fileName() });
-
-    QImageReader reader(path);
-    QCOMPARE(reader.format(), format == "jpg" ? QByteArray("jpeg") : format);
-    const QImage back = reader.read();
-    QCOMPARE(back.size(), image.size());
-    if (lossless)
-        QCOMPARE(back.convertToFormat(QImage::Format_RGB32), image);
-}
 
 enum class Fault { ReadOnlyFolder, FullDisk, FileSizeLimit, MissingFolder, UnknownFormat };
 
