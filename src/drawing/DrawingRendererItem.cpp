@@ -3,6 +3,9 @@
 #include "drawing/StrokePainter.h"
 
 #include <QPainter>
+#include <QtMath>
+
+#include <algorithm>
 
 DrawingRendererItem::DrawingRendererItem(QQuickItem *parent)
     : QQuickPaintedItem(parent)
@@ -52,6 +55,7 @@ void DrawingRendererItem::setDisplayId(const QString &displayId)
     if (m_displayId == displayId)
         return;
     m_displayId = displayId;
+    invalidateLayer();
     update();
     emit displayIdChanged();
 }
@@ -61,6 +65,7 @@ void DrawingRendererItem::setMirrorAnnotations(bool mirror)
     if (m_mirrorAnnotations == mirror)
         return;
     m_mirrorAnnotations = mirror;
+    invalidateLayer();
     update();
     emit mirrorAnnotationsChanged();
 }
@@ -104,14 +109,83 @@ QList<Stroke> DrawingRendererItem::sourceStrokes() const
     return parsed;
 }
 
+void DrawingRendererItem::invalidateLayer()
+{
+    m_layerValid = false;
+}
+
+bool DrawingRendererItem::layerStillShows(const QList<Stroke> &strokes, QSize pixels,
+                                          QSizeF scale) const
+{
+    if (!m_layerValid || m_layer.size() != pixels || m_layerScale != scale)
+        return false;
+    // The painter's fallbacks matter only to strokes that lean on them.
+    if (m_layerUsesDefaultColor && m_layerDefaultColor != m_defaultColor)
+        return false;
+    if (m_layerUsesDefaultWidth && m_layerDefaultWidth != m_defaultWidth)
+        return false;
+    // Records copied from one another share their points, so comparing the
+    // old list with the start of the new one is mostly pointer comparisons.
+    return strokes.size() >= m_layerStrokes.size()
+        && std::equal(m_layerStrokes.cbegin(), m_layerStrokes.cend(), strokes.cbegin());
+}
+
+void DrawingRendererItem::paintOntoLayer(const QList<Stroke> &strokes, qsizetype from)
+{
+    QPainter painter(&m_layer);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.setTransform(QTransform::fromScale(m_layerScale.width(), m_layerScale.height()));
+    const StrokePainter strokePainter = StrokePainter::live(m_defaultColor, m_defaultWidth);
+    for (qsizetype i = from; i < strokes.size(); ++i) {
+        const Stroke &stroke = strokes[i];
+        if (!m_mirrorAnnotations && !stroke.showsOn(m_displayId))
+            continue;
+        m_layerUsesDefaultColor = m_layerUsesDefaultColor || stroke.color.isEmpty();
+        m_layerUsesDefaultWidth = m_layerUsesDefaultWidth || stroke.width < 1;
+        strokePainter.paint(&painter, stroke);
+    }
+}
+
 void DrawingRendererItem::paint(QPainter *painter)
 {
     painter->setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     painter->setCompositionMode(QPainter::CompositionMode_SourceOver);
-    const StrokePainter strokePainter = StrokePainter::live(m_defaultColor, m_defaultWidth);
     const QList<Stroke> strokes = sourceStrokes();
-    for (const Stroke &stroke : strokes) {
-        if (m_mirrorAnnotations || stroke.showsOn(m_displayId))
-            strokePainter.paint(painter, stroke);
+    const QTransform device = painter->deviceTransform();
+    if (strokes.isEmpty() || device.type() > QTransform::TxScale) {
+        // Nothing to keep, or a rotated painter that a pixel copy cannot serve.
+        m_layer = QImage();
+        invalidateLayer();
+        const StrokePainter strokePainter = StrokePainter::live(m_defaultColor, m_defaultWidth);
+        for (const Stroke &stroke : strokes) {
+            if (m_mirrorAnnotations || stroke.showsOn(m_displayId))
+                strokePainter.paint(painter, stroke);
+        }
+        return;
     }
+
+    const QSizeF scale(device.m11(), device.m22());
+    const QSize pixels(qCeil(width() * scale.width()), qCeil(height() * scale.height()));
+    if (pixels.isEmpty())
+        return;
+    qsizetype from = m_layerStrokes.size();
+    if (!layerStillShows(strokes, pixels, scale)) {
+        m_layer = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
+        m_layer.fill(Qt::transparent);
+        m_layerScale = scale;
+        m_layerUsesDefaultColor = false;
+        m_layerUsesDefaultWidth = false;
+        from = 0;
+    }
+    m_layerDefaultColor = m_defaultColor;
+    m_layerDefaultWidth = m_defaultWidth;
+    paintOntoLayer(strokes, from);
+    m_layerStrokes = strokes;
+    m_layerValid = true;
+
+    // Undo the scale so that the layer lands pixel for pixel.
+    painter->save();
+    painter->scale(1.0 / scale.width(), 1.0 / scale.height());
+    painter->drawImage(QPointF(0, 0), m_layer);
+    painter->restore();
 }

@@ -3,6 +3,7 @@
 #include "drawing/DrawingModel.h"
 
 #include <QColor>
+#include <QImage>
 #include <QPointer>
 #include <QQuickPaintedItem>
 #include <QVariantList>
@@ -11,6 +12,12 @@
 // The committed strokes of one overlay window. Strokes of other displays are
 // left out unless annotations are mirrored. Without a model it paints the
 // `strokes` list in the model's map form.
+//
+// The strokes are kept painted in a retained layer at device resolution.
+// When the list grew at its end (a commit or a redo), only the new strokes
+// are painted onto it; any other change repaints the layer from nothing.
+// Painting in list order onto the same pixels gives the same result either
+// way, the eraser included.
 class DrawingRendererItem : public QQuickPaintedItem
 {
     Q_OBJECT
@@ -68,6 +75,9 @@ private:
 
     QList<Stroke> sourceStrokes() const;
     void onModelDestroyed();
+    void invalidateLayer();
+    bool layerStillShows(const QList<Stroke> &strokes, QSize pixels, QSizeF scale) const;
+    void paintOntoLayer(const QList<Stroke> &strokes, qsizetype from);
 
     QPointer<DrawingModel> m_model;
     QList<QMetaObject::Connection> m_modelConnections;
@@ -77,4 +87,13 @@ private:
     QColor m_defaultColor { 0xF4, 0xC2, 0x4A };
     int m_defaultWidth = 6;
     int m_defaultSmoothing = 2;
+
+    QImage m_layer;
+    QSizeF m_layerScale;
+    QList<Stroke> m_layerStrokes;
+    QColor m_layerDefaultColor;
+    int m_layerDefaultWidth = 0;
+    bool m_layerUsesDefaultColor = false;
+    bool m_layerUsesDefaultWidth = false;
+    bool m_layerValid = false;
 };

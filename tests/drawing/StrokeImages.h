@@ -20,9 +20,11 @@ inline void commitStroke(DrawingModel &model, const QString &tool, const QList<Q
 
 // Paints the item as the scene graph does: a transparent image, then paint()
 // with the device scale applied.
-inline QImage paintItem(DrawingRendererItem &item, QSize size, qreal scale = 1.0)
+inline QImage paintItem(DrawingRendererItem &item, QSize size, qreal scale = 1.0,
+                        QImage::Format format = QImage::Format_ARGB32_Premultiplied)
 {
-    QImage image(size * scale, QImage::Format_ARGB32_Premultiplied);
+    item.setSize(size);
+    QImage image(size * scale, format);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.scale(scale, scale);
