@@ -162,10 +162,20 @@ void TestDrawingX11::eraserDragClearsCommittedPaint()
 {
     m_app->setProperty("currentTool", QStringLiteral("eraser"));
     m_settings->setProperty("brushSize", 40);
-    drag(QPoint(600, 200), QPoint(600, 400));
+    drag(QPoint(600, 200), QPoint(600, 400), false);
+    // While dragging, a faint white trace marks the path; nothing is cleared yet.
+    QImage image = grabLeft();
+    image.save(QStringLiteral("drawing-erasing.png"));
+    const QColor trace = image.pixelColor(600, 250);
+    QVERIFY2(trace.red() > 140 && trace.red() < 165 && trace.blue() == trace.red(),
+             qPrintable(trace.name()));
+    QVERIFY(redPixelsAlong(image, 300, 590, 610) > 0);
+
+    xdotool({ "mouseup", "1" });
+    QTest::qWait(400);
     m_app->setProperty("currentTool", QStringLiteral("pen"));
     QCOMPARE(m_model.strokeList().size(), 2);
-    const QImage image = grabLeft();
+    image = grabLeft();
     image.save(QStringLiteral("drawing-erased.png"));
     QCOMPARE(redPixelsAlong(image, 300, 590, 610), 0);
     QCOMPARE(image.pixelColor(600, 300), QColor(0x80, 0x80, 0x80));
