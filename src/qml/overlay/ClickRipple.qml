@@ -156,6 +156,7 @@ Item {
             }
         }
         NumberAnimation {
+            objectName: "dotFade"
             target: dot
             property: "opacity"
             to: 0
@@ -167,6 +168,7 @@ Item {
     RingAnimation {
         id: ring1Animation
 
+        objectName: "ring1Animation"
         ring: ring1
         startOpacity: 0.8
         duration: root.dur1

@@ -76,6 +76,8 @@ Column {
         onMoved: root.moved(slider.value)
 
         background: Rectangle {
+            implicitWidth: AppTheme.px(200)
+            implicitHeight: AppTheme.px(4)
             x: slider.leftPadding
             y: slider.topPadding + (slider.availableHeight - height) / 2
             width: slider.availableWidth
@@ -96,10 +98,10 @@ Column {
         }
 
         handle: Rectangle {
+            implicitWidth: AppTheme.px(20)
+            implicitHeight: AppTheme.px(20)
             x: slider.leftPadding + slider.visualPosition * (slider.availableWidth - width)
             y: slider.topPadding + (slider.availableHeight - height) / 2
-            width: AppTheme.px(20)
-            height: AppTheme.px(20)
             radius: width / 2
             color: slider.pressed ? "#E0E0E0" : "#FFFFFF"
             border.width: 2

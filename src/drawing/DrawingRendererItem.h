@@ -1,0 +1,99 @@
+#pragma once
+
+#include "drawing/DrawingModel.h"
+
+#include <QColor>
+#include <QImage>
+#include <QPointer>
+#include <QQuickPaintedItem>
+#include <QVariantList>
+#include <QtQml/qqmlregistration.h>
+
+// The committed strokes of one overlay window. Strokes of other displays are
+// left out unless annotations are mirrored. Without a model it paints the
+// `strokes` list in the model's map form.
+//
+// The strokes are kept painted in a retained layer at device resolution.
+// When the list grew at its end (a commit or a redo), only the new strokes
+// are painted onto it; any other change repaints the layer from nothing.
+// Painting in list order onto the same pixels gives the same result either
+// way, the eraser included.
+class DrawingRendererItem : public QQuickPaintedItem
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(DrawingModel *drawingModel READ drawingModel WRITE setDrawingModel NOTIFY
+                   drawingModelChanged FINAL)
+    Q_PROPERTY(QVariantList strokes READ strokes WRITE setStrokes NOTIFY strokesChanged FINAL)
+    Q_PROPERTY(QString displayId READ displayId WRITE setDisplayId NOTIFY displayIdChanged FINAL)
+    Q_PROPERTY(bool mirrorAnnotations READ mirrorAnnotations WRITE setMirrorAnnotations NOTIFY
+                   mirrorAnnotationsChanged FINAL)
+    Q_PROPERTY(QColor defaultColor READ defaultColor WRITE setDefaultColor NOTIFY
+                   defaultColorChanged FINAL)
+    Q_PROPERTY(
+        int defaultWidth READ defaultWidth WRITE setDefaultWidth NOTIFY defaultWidthChanged FINAL)
+    Q_PROPERTY(int defaultSmoothing READ defaultSmoothing WRITE setDefaultSmoothing NOTIFY
+                   defaultSmoothingChanged FINAL)
+
+public:
+    explicit DrawingRendererItem(QQuickItem *parent = nullptr);
+
+    DrawingModel *drawingModel() const { return m_model.data(); }
+    void setDrawingModel(DrawingModel *model);
+
+    QVariantList strokes() const { return m_strokes; }
+    void setStrokes(const QVariantList &strokes);
+
+    QString displayId() const { return m_displayId; }
+    void setDisplayId(const QString &displayId);
+
+    bool mirrorAnnotations() const { return m_mirrorAnnotations; }
+    void setMirrorAnnotations(bool mirror);
+
+    QColor defaultColor() const { return m_defaultColor; }
+    void setDefaultColor(const QColor &color);
+
+    int defaultWidth() const { return m_defaultWidth; }
+    void setDefaultWidth(int width);
+
+    int defaultSmoothing() const { return m_defaultSmoothing; }
+    void setDefaultSmoothing(int smoothing);
+
+    void paint(QPainter *painter) override;
+
+signals:
+    void drawingModelChanged();
+    void strokesChanged();
+    void displayIdChanged();
+    void mirrorAnnotationsChanged();
+    void defaultColorChanged();
+    void defaultWidthChanged();
+    void defaultSmoothingChanged();
+
+private:
+    Q_DISABLE_COPY_MOVE(DrawingRendererItem)
+
+    QList<Stroke> sourceStrokes() const;
+    void onModelDestroyed();
+    void invalidateLayer();
+    bool layerStillShows(const QList<Stroke> &strokes, QSize pixels, QSizeF scale) const;
+    void paintOntoLayer(const QList<Stroke> &strokes, qsizetype from);
+
+    QPointer<DrawingModel> m_model;
+    QList<QMetaObject::Connection> m_modelConnections;
+    QVariantList m_strokes;
+    QString m_displayId;
+    bool m_mirrorAnnotations = false;
+    QColor m_defaultColor { 0xF4, 0xC2, 0x4A };
+    int m_defaultWidth = 6;
+    int m_defaultSmoothing = 2;
+
+    QImage m_layer;
+    QSizeF m_layerScale;
+    QList<Stroke> m_layerStrokes;
+    QColor m_layerDefaultColor;
+    int m_layerDefaultWidth = 0;
+    bool m_layerUsesDefaultColor = false;
+    bool m_layerUsesDefaultWidth = false;
+    bool m_layerValid = false;
+};
