@@ -219,6 +219,11 @@ void XcbHotkeyBackend::handleXkbEvent(const xcb_generic_event_t *event)
         m_keyboard.updateState(state);
         break;
     case XCB_XKB_NEW_KEYBOARD_NOTIFY:
+        // Typing on another keyboard sends this too; only new keycodes matter.
+        if (reinterpret_cast<const xcb_xkb_new_keyboard_notify_event_t *>(event)->changed
+            & XCB_XKB_NKN_DETAIL_KEYCODES)
+            m_reloadTimer.start();
+        break;
     case XCB_XKB_MAP_NOTIFY:
         m_reloadTimer.start();
         break;
