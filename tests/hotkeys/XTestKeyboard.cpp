@@ -1,5 +1,6 @@
 #include "XTestKeyboard.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <xcb/xtest.h>
 
@@ -42,6 +43,23 @@ xcb_keycode_t XTestKeyboard::keycode(xkb_keysym_t keysym) const
         }
     }
     return 0;
+}
+
+xcb_keycode_t XTestKeyboard::spareKeycode() const
+{
+    for (qsizetype i = 0; i + m_perKeycode <= m_keysyms.size(); i += m_perKeycode) {
+        const auto first = m_keysyms.cbegin() + i;
+        if (std::all_of(first, first + m_perKeycode, [](xkb_keysym_t s) { return s == 0; }))
+            return static_cast<xcb_keycode_t>(m_minKeycode + i / m_perKeycode);
+    }
+    return 0;
+}
+
+void XTestKeyboard::tapKeycode(xcb_keycode_t keycode)
+{
+    xcb_test_fake_input(m_connection, XCB_KEY_PRESS, keycode, XCB_CURRENT_TIME, m_root, 0, 0, 0);
+    xcb_test_fake_input(m_connection, XCB_KEY_RELEASE, keycode, XCB_CURRENT_TIME, m_root, 0, 0, 0);
+    sync();
 }
 
 void XTestKeyboard::fake(uint8_t type, xkb_keysym_t keysym)

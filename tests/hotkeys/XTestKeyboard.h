@@ -17,6 +17,9 @@ public:
     xcb_window_t root() const { return m_root; }
 
     xcb_keycode_t keycode(xkb_keysym_t keysym) const;
+    // A keycode the keyboard map leaves empty, as the map was at creation.
+    xcb_keycode_t spareKeycode() const;
+    void tapKeycode(xcb_keycode_t keycode);
     // Presses the keys in order and releases them in reverse, then waits
     // until the server has handled all of it.
     void tap(const QList<xkb_keysym_t> &keysyms);

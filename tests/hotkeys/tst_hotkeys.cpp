@@ -6,6 +6,7 @@
 #include "hotkeys/HotkeyManager.h"
 #include "hotkeys/HotkeySequence.h"
 #include "hotkeys/KeystrokeFilter.h"
+#include "platform/linux/XcbHotkeyBackend.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -107,6 +108,8 @@ private slots:
 
     void keystrokeText_data();
     void keystrokeText();
+
+    void withoutAnXServerNothingIsGrabbed();
 
 private:
     FakeKeySystem m_system;
@@ -493,6 +496,15 @@ void TestHotkeys::keystrokeText()
     m_backend->tapKey(key, modifiers);
     QCOMPARE(recorder.events,
              text.isEmpty() ? QStringList {} : QStringList { "keys(" + text + ")" });
+}
+
+void TestHotkeys::withoutAnXServerNothingIsGrabbed()
+{
+    HotkeyManager manager(std::make_unique<XcbHotkeyBackend>());
+    QVERIFY(!manager.globalHotkeysAvailable());
+    manager.start();
+    QCOMPARE(manager.hotkeyConflictRevision(), 1);
+    QVERIFY(manager.hotkeyHasConflict(QStringLiteral("toggleOverlay")));
 }
 
 QTEST_GUILESS_MAIN(TestHotkeys)

@@ -30,6 +30,8 @@ private slots:
     void combinationHeldByAnotherClientIsAConflict();
     void changingTheMapReleasesOldGrabs();
     void hotkeysFireWithNumLockOn();
+    void keyboardMapChangeRenewsGrabs();
+    void waylandSessionIsReportedUnavailable();
     void rawKeysGiveKeystrokeText_data();
     void rawKeysGiveKeystrokeText();
 
@@ -294,6 +296,47 @@ void TestHotkeysX11::hotkeysFireWithNumLockOn()
     QTRY_COMPARE(toggles.size(), 1);
     QTRY_COMPARE(tools.size(), 1);
     QCOMPARE(tools.first().first().toString(), QStringLiteral("spotlight"));
+}
+
+void TestHotkeysX11::keyboardMapChangeRenewsGrabs()
+{
+    // F6 also on a key that had no symbol: the grab must follow the map.
+    const xcb_keycode_t spare = m_keyboard.spareKeycode();
+    QVERIFY(spare != 0);
+    const QString key = QString::number(spare);
+    QCOMPARE(QProcess::execute(QStringLiteral("xmodmap"), { "-e", "keycode " + key + " = F6" }), 0);
+    const auto restore = qScopeGuard([&] {
+        QProcess::execute(QStringLiteral("xmodmap"), { "-e", "keycode " + key + " =" });
+    });
+
+    QSignalSpy settings(m_manager.get(), &HotkeyManager::settingsRequested);
+    QElapsedTimer timer;
+    timer.start();
+    while (settings.isEmpty() && timer.elapsed() < 3000) {
+        m_keyboard.tapKeycode(spare);
+        settings.wait(100);
+    }
+    QVERIFY(!settings.isEmpty());
+    // The original F6 key still works.
+    settings.clear();
+    m_keyboard.tap({ XKB_KEY_F6 });
+    QTRY_COMPARE(settings.size(), 1);
+}
+
+void TestHotkeysX11::waylandSessionIsReportedUnavailable()
+{
+    qputenv("WAYLAND_DISPLAY", "wayland-0");
+    const auto restore = qScopeGuard([] { qunsetenv("WAYLAND_DISPLAY"); });
+    HotkeyManager manager(std::make_unique<XcbHotkeyBackend>());
+    QVERIFY(!manager.globalHotkeysAvailable());
+    manager.start();
+    // Nothing is grabbed, so the other manager's keys keep working, and every
+    // global hotkey of this one shows as not working.
+    QVERIFY(manager.hotkeyHasConflict(QStringLiteral("toggleOverlay")));
+    QVERIFY(!manager.hotkeyHasConflict(QStringLiteral("exitToCursor")));
+    QSignalSpy toggles(m_manager.get(), &HotkeyManager::toggleOverlayRequested);
+    m_keyboard.tap({ XKB_KEY_F5 });
+    QVERIFY(toggles.wait(2000));
 }
 
 void TestHotkeysX11::rawKeysGiveKeystrokeText_data()
