@@ -40,6 +40,15 @@ void HotkeyManager::setHotkeys(const QVariantMap &sequences)
     unregisterAll();
     m_conflicts.clear();
 
+    // In key order, so that the first of two equal bare keys wins.
+    m_bareCommands.clear();
+    for (auto it = m_sequences.cbegin(); it != m_sequences.cend(); ++it) {
+        const QString sequence = it.value().toString();
+        const auto combination = HotkeySequence::parse(sequence);
+        if (combination && !HotkeySequence::mayRegisterGlobally(*combination))
+            m_bareCommands.append({ it.key(), sequence, *combination });
+    }
+
     for (const HotkeyActions::Action &entry : HotkeyActions::all()) {
         const QString action = QString::fromLatin1(entry.name);
         const auto combination = HotkeySequence::parse(m_sequences.value(action).toString());
@@ -107,12 +116,11 @@ void HotkeyManager::onKeyEvent(int key, bool down, int modifiers)
         return;
 
     if (m_commandKeysActive) {
-        for (auto it = m_sequences.cbegin(); it != m_sequences.cend(); ++it) {
-            const QString sequence = it.value().toString();
-            const auto combination = HotkeySequence::parse(sequence);
-            if (combination && !HotkeySequence::mayRegisterGlobally(*combination)
-                && combination->key == key && combination->modifiers == modifiers) {
-                dispatch(it.key(), sequence);
+        // Exact modifiers: a bare Esc does not match while Ctrl is held.
+        const KeyCombination pressed { modifiers, key };
+        for (const BareCommand &command : std::as_const(m_bareCommands)) {
+            if (command.combination == pressed) {
+                dispatch(command.action, command.sequence);
                 return;
             }
         }

@@ -67,9 +67,18 @@ private:
     void onKeyEvent(int key, bool down, int modifiers);
     void dispatch(const QString &action, const QString &sequence);
 
+    // A bare key the observer runs as a command, parsed once per map.
+    struct BareCommand
+    {
+        QString action;
+        QString sequence;
+        KeyCombination combination;
+    };
+
     std::unique_ptr<HotkeyBackend> m_backend;
     QList<int> m_registeredIds;
     QVariantMap m_sequences;
+    QList<BareCommand> m_bareCommands;
     QHash<int, QString> m_actionForId;
     QHash<QString, bool> m_conflicts;
     int m_conflictRevision = 0;

@@ -31,6 +31,7 @@ private slots:
     void changingTheMapReleasesOldGrabs();
     void hotkeysFireWithNumLockOn();
     void keyboardMapChangeRenewsGrabs();
+    void holdingAHotkeyFiresOnce();
     void waylandSessionIsReportedUnavailable();
     void rawKeysGiveKeystrokeText_data();
     void rawKeysGiveKeystrokeText();
@@ -321,6 +322,22 @@ void TestHotkeysX11::keyboardMapChangeRenewsGrabs()
     settings.clear();
     m_keyboard.tap({ XKB_KEY_F6 });
     QTRY_COMPARE(settings.size(), 1);
+}
+
+void TestHotkeysX11::holdingAHotkeyFiresOnce()
+{
+    QSignalSpy toggles(m_manager.get(), &HotkeyManager::toggleOverlayRequested);
+    m_keyboard.press(XKB_KEY_F5);
+    // Longer than the server's repeat delay, so the key repeats meanwhile.
+    QTest::qWait(1200);
+    m_keyboard.release(XKB_KEY_F5);
+    QTest::qWait(100);
+    QCOMPARE(toggles.size(), 1);
+
+    // Quick presses one after another each count.
+    for (int i = 0; i < 5; ++i)
+        m_keyboard.tap({ XKB_KEY_F5 });
+    QTRY_COMPARE(toggles.size(), 6);
 }
 
 void TestHotkeysX11::waylandSessionIsReportedUnavailable()

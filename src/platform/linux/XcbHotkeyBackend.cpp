@@ -141,6 +141,14 @@ void XcbHotkeyBackend::start()
         | XCB_XKB_MAP_PART_VIRTUAL_MOD_MAP;
     xcb_xkb_select_events(m_connection, XCB_XKB_ID_USE_CORE_KBD, events, 0, events, mapParts,
                           mapParts, nullptr);
+    // A held key then repeats as presses alone, so a hotkey fires once per
+    // real press however fast the presses come.
+    const uint32_t detectableRepeat = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
+    std::free(xcb_xkb_per_client_flags_reply(
+        m_connection,
+        xcb_xkb_per_client_flags(m_connection, XCB_XKB_ID_USE_CORE_KBD, detectableRepeat,
+                                 detectableRepeat, 0, 0, 0),
+        nullptr));
     xcb_flush(m_connection);
 }
 
@@ -176,8 +184,7 @@ bool XcbHotkeyBackend::handleKeyPress(const xcb_key_press_event_t *event)
     for (auto it = m_grabs.cbegin(); it != m_grabs.cend(); ++it) {
         if ((event->state & relevant) != it->modifiers || !it->keycodes.contains(event->detail))
             continue;
-        const bool repeated = m_heldKeycode == event->detail
-            || (m_releasedKeycode == event->detail && m_releaseTime == event->time);
+        const bool repeated = m_heldKeycode == event->detail;
         m_heldKeycode = event->detail;
         if (!repeated)
             emit hotkeyPressed(it.key());
@@ -192,8 +199,6 @@ bool XcbHotkeyBackend::handleKeyRelease(const xcb_key_release_event_t *event)
         return false;
     if (m_heldKeycode == event->detail)
         m_heldKeycode = 0;
-    m_releasedKeycode = event->detail;
-    m_releaseTime = event->time;
     return true;
 }
 

@@ -62,10 +62,7 @@ private:
     uint16_t m_altMask = XCB_MOD_MASK_1;
     uint16_t m_winMask = XCB_MOD_MASK_4;
     QList<uint16_t> m_lockCombinations;
-    // The server repeats a held key as release and press with one timestamp
-    // (or as presses alone); a hotkey fires once per real press.
+    // A hotkey fires once per press, not again while the key repeats.
     xcb_keycode_t m_heldKeycode = 0;
-    xcb_keycode_t m_releasedKeycode = 0;
-    xcb_timestamp_t m_releaseTime = 0;
     QTimer m_reloadTimer;
 };
