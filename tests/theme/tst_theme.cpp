@@ -1,3 +1,5 @@
+#include "app/ThemeFonts.h"
+
 #include <QColor>
 #include <QGuiApplication>
 #include <QPalette>
@@ -27,7 +29,12 @@ public:
     }
 
 public slots:
-    void applicationAvailable() { QQuickStyle::setStyle(QStringLiteral("Fusion")); }
+    void applicationAvailable()
+    {
+        QQuickStyle::setStyle(QStringLiteral("Fusion"));
+        ThemeFonts::addBundledFonts();
+        ThemeFonts::installFamilyLists();
+    }
 
     void qmlEngineAvailable(QQmlEngine *engine)
     {
