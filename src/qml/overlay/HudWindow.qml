@@ -1,0 +1,217 @@
+import QtQuick
+import GlimmoraApp
+
+// The full-screen window on the control display that holds every control. It
+// passes the mouse through except over the rectangles it publishes to the
+// controller, so every control's place goes out in global coordinates. The
+// chrome hides itself until the pointer touches the top strip.
+Window {
+    id: root
+
+    readonly property bool uiVisible: !appController.captureInProgress && !appController.regionSelecting
+    property bool shortcutPinned: true
+    property bool shortcutPeeking: false
+    property bool controlsRevealByHover: false
+    readonly property int controlsRevealTriggerHeight: AppTheme.px(28)
+    readonly property int controlsSlideDuration: 420
+    readonly property int controlsFadeDuration: 260
+    readonly property bool controlsRevealed: settingsManager.overlayControlsAlwaysVisible || root.controlsRevealByHover
+                                             || appController.settingsVisible || appController.toolbarDragging
+                                             || appController.toolbarMoving
+    readonly property bool controlsChromeVisible: root.uiVisible && root.controlsRevealed
+    // The HUD is itself the native window, so its position is the global origin.
+    readonly property real windowGlobalX: root.x
+    readonly property real windowGlobalY: root.y
+
+    function clamp(value: real, low: real, high: real): real {
+        return Math.max(low, Math.min(high, value));
+    }
+
+    // Edges count as inside; an empty rectangle holds nothing.
+    function pointInRect(pt: point, area: rect): bool {
+        return area.width > 0 && area.height > 0 && pt.x >= area.x && pt.x <= area.x + area.width
+               && pt.y >= area.y && pt.y <= area.y + area.height;
+    }
+
+    function cursorInControls(): bool {
+        const p = appController.cursorPos();
+        return [appController.controlsRevealRect, appController.toolbarRect, appController.statusBarRect,
+                appController.helpButtonRect, appController.shortcutCardRect, appController.toastRect]
+               .some(area => root.pointInRect(p, area));
+    }
+
+    // The reveal strip does not count: a click there still hides the chrome.
+    function pointInControlChrome(pt: point): bool {
+        return [appController.toolbarRect, appController.statusBarRect, appController.helpButtonRect,
+                appController.shortcutCardRect, appController.toastRect, appController.modalRect]
+               .some(area => root.pointInRect(pt, area));
+    }
+
+    function hideControls() {
+        root.controlsRevealByHover = false;
+        root.syncInteractiveRectsLater();
+    }
+
+    function revealControls() {
+        root.controlsRevealByHover = true;
+        controlsHideTimer.restart();
+        root.syncInteractiveRectsLater();
+    }
+
+    function scheduleControlsHide() {
+        controlsHideTimer.restart();
+    }
+
+    function globalRect(area: rect): rect {
+        return Qt.rect(root.windowGlobalX + area.x, root.windowGlobalY + area.y, area.width, area.height);
+    }
+
+    // What a chrome element publishes: its rectangle in global coordinates while
+    // it shows, zero while it is hidden or slid away.
+    function chromeRect(item: Item, area: rect): rect {
+        const showing = item !== null && item.visible && root.controlsChromeVisible && area.width > 0
+                        && area.height > 0;
+        return showing ? root.globalRect(area) : Qt.rect(0, 0, 0, 0);
+    }
+
+    function syncControlsRevealRect() {
+        appController.controlsRevealRect = root.uiVisible
+                ? Qt.rect(root.windowGlobalX, root.windowGlobalY, root.width, root.controlsRevealTriggerHeight)
+                : Qt.rect(0, 0, 0, 0);
+    }
+
+    // Coalesced: many changes in one event-loop turn publish once.
+    function syncInteractiveRectsLater() {
+        Qt.callLater(root.syncInteractiveRects); // qmllint disable type
+    }
+
+    function syncInteractiveRects() {
+        root.syncControlsRevealRect();
+        // Each chrome element adds its line here as it joins the window:
+        // toolbarRect from FloatingToolbar.toolbarRect (zero unless it is visible and
+        // the chrome shows), toastRect from FloatingToolbar.toastRect (not tied to the
+        // chrome), statusBarRect from ModeBadge, helpButtonRect from HelpButton and
+        // shortcutCardRect from ShortcutReferenceCard.cardRect, all through chromeRect().
+    }
+
+    // Keystroke card: left or right with a margin, or centred, above the bottom edge.
+    function keystrokeCardX(cardWidth: real): real {
+        switch (settingsManager.keystrokePosition) {
+        case 0:
+            return AppTheme.px(40);
+        case 2:
+            return root.width - cardWidth - AppTheme.px(40);
+        default:
+            return Math.round((root.width - cardWidth) / 2);
+        }
+    }
+
+    function keystrokeCardY(cardHeight: real): real {
+        return root.height - cardHeight - AppTheme.px(120);
+    }
+
+    flags: Qt.Window | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint | Qt.Tool
+    color: "transparent"
+
+    onXChanged: root.syncInteractiveRectsLater()
+    onYChanged: root.syncInteractiveRectsLater()
+    onWidthChanged: root.syncInteractiveRectsLater()
+    onHeightChanged: root.syncInteractiveRectsLater()
+    onUiVisibleChanged: root.syncInteractiveRectsLater()
+    onControlsChromeVisibleChanged: root.syncInteractiveRectsLater()
+    Component.onCompleted: root.syncInteractiveRectsLater()
+
+    Timer {
+        id: controlsHideTimer
+
+        interval: 520
+        onTriggered: {
+            if (root.controlsRevealByHover && root.cursorInControls())
+                controlsHideTimer.restart();
+            else
+                root.hideControls();
+        }
+    }
+
+    Connections {
+        target: appController
+
+        function onMouseClicked(pos: point, buttons: int) {
+            if (root.controlsRevealByHover && !root.pointInControlChrome(pos))
+                root.hideControls();
+        }
+
+        function onCaptureStatusChanged() {
+            captureFeedback.show(appController.captureStatus, appController.captureLastPath);
+        }
+
+        // Quit dialog (QuitDialog, z 300): on quitRequested open it, then raise()
+        // and requestActivate(); its visible changes call setModalActive(visible),
+        // accepted calls confirmAndQuit(dontAskAgain), rejected hides it.
+        // Region capture (RegionCaptureOverlay): on regionCaptureRequested show it
+        // with focus; committed hides it and calls commitRegionCapture, cancelled
+        // hides it and calls cancelRegionCapture.
+    }
+
+    // FloatingToolbar `toolbar` (default z): at defaultToolbarX()/defaultToolbarY(),
+    // visible with toolbarVisible and uiVisible; with it come clampToolbar(),
+    // resetControlLayout() and its 20 ms and 90 ms timers, the drag wiring and the
+    // quit request (Qt.quit() unless confirmQuit, else the quit dialog).
+    // MagnifierLens (default z): active on Windows with magnifierEnabled, uiVisible
+    // and no region selection; zoom bound to magnifierZoomFactor.
+
+    ControlDisplayDropHighlight {
+        displayId: displayManager.controlDisplayId
+    }
+
+    // Top strip: touching it reveals the hidden chrome.
+    MouseArea {
+        objectName: "controlsRevealStrip"
+        z: 45
+        x: 0
+        y: 0
+        width: root.width
+        height: root.controlsRevealTriggerHeight
+        visible: root.uiVisible
+        hoverEnabled: true
+        acceptedButtons: Qt.NoButton
+        onEntered: root.revealControls()
+        onPositionChanged: root.revealControls()
+        onExited: root.scheduleControlsHide()
+    }
+
+    // ModeBadge `statusBadge` (z 50) at (px(20), px(20)); HelpButton `helpBtn`
+    // (z 60), left margin px(20), bottom margin px(64), isOpen bound to
+    // shortcutPinned; ShortcutReferenceCard (z 140) while (shortcutPinned or
+    // shortcutPeeking) and uiVisible. Each slides away with controlsChromeVisible
+    // (opacity over controlsFadeDuration, Translate over controlsSlideDuration,
+    // Easing.OutCubic) and stays `visible` so that it can animate back.
+
+    // Settings backdrop: a click outside the panel closes the settings.
+    MouseArea {
+        objectName: "settingsBackdrop"
+        z: 99
+        anchors.fill: parent
+        visible: appController.settingsVisible
+        onClicked: appController.hideSettings()
+
+        Rectangle {
+            anchors.fill: parent
+            color: "#50000000"
+        }
+    }
+
+    // Settings panel (z 100), centred: SettingsWindowLinux, SettingsWindowMac or
+    // SettingsWindow by AppTheme.isLinux / AppTheme.isMacOS, with
+    // activeSettingsPanel() giving the same choice. OnboardingCard (z 150) while
+    // firstRunDone is false, its visible changes calling setModalActive.
+    // Keystroke card (default z) at keystrokeCardX()/keystrokeCardY().
+    // MacPermissionFlow (z 97) on macOS only.
+
+    CaptureFeedback {
+        id: captureFeedback
+
+        objectName: "captureFeedback"
+        z: 200
+    }
+}

@@ -1,0 +1,37 @@
+import QtQuick
+
+// Stand-in for AppController: the state the chrome reads, the rectangles it
+// writes, and call counters for the commands it sends.
+QtObject {
+    id: root
+
+    property bool captureInProgress: false
+    property bool regionSelecting: false
+    property bool settingsVisible: false
+    property bool toolbarDragging: false
+    property bool toolbarMoving: false
+    property string toolbarDragTargetDisplayId: ""
+    property bool toolbarDragTargetEnabled: false
+    property string captureStatus: ""
+    property string captureLastPath: ""
+    property rect toolbarRect
+    property rect helpButtonRect
+    property rect shortcutCardRect
+    property rect statusBarRect
+    property rect controlsRevealRect
+    property rect toastRect
+    property rect modalRect
+    property point cursor: Qt.point(-1000, -1000)
+    property int hideSettingsCalls: 0
+
+    signal mouseClicked(point pos, int buttons)
+
+    function cursorPos(): point {
+        return root.cursor;
+    }
+
+    function hideSettings() {
+        root.hideSettingsCalls += 1;
+        root.settingsVisible = false;
+    }
+}

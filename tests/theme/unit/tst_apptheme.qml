@@ -1,0 +1,125 @@
+import QtQuick
+import QtTest
+import GlimmoraApp
+
+TestCase {
+    id: testCase
+
+    name: "AppTheme"
+
+    Component {
+        id: textComponent
+
+        Text {
+            text: "Ctrl+Shift+S"
+        }
+    }
+
+    function init() {
+        settingsManager.uiScale = 1.2;
+        settingsManager.windowsTheme = 2;
+        settingsManager.linuxTheme = 2;
+        themeTest.setSystemWindowColor("#202020"); // qmllint disable unqualified
+    }
+
+    function cleanupTestCase() {
+        settingsManager.uiScale = 1.2;
+    }
+
+    function test_px_data() {
+        return [
+            { tag: "13 at 1.2 rounds 15.6 up", scale: 1.2, value: 13, expected: 16 },
+            { tag: "10 at 1.2 is 12", scale: 1.2, value: 10, expected: 12 },
+            { tag: "11 at 1.2 rounds 13.2 down", scale: 1.2, value: 11, expected: 13 },
+            { tag: "13 at 1.5 rounds 19.5 up", scale: 1.5, value: 13, expected: 20 },
+            { tag: "7 at 1.5 rounds 10.5 up", scale: 1.5, value: 7, expected: 11 },
+            { tag: "28 at 1.5 is 42", scale: 1.5, value: 28, expected: 42 },
+            { tag: "0.4 at 0.9 rounds to 0", scale: 0.9, value: 0.4, expected: 0 },
+        ];
+    }
+
+    function test_px(data) {
+        settingsManager.uiScale = data.scale;
+        compare(AppTheme.uiScale, data.scale);
+        compare(AppTheme.px(data.value), data.expected);
+    }
+
+    function test_tokensFollowScale_data() {
+        return [
+            { tag: "fontSizeBody", base: 13 }, { tag: "fontSizeCaption", base: 11 },
+            { tag: "fontSizeHeader", base: 22 }, { tag: "fontSizeTitle", base: 18 },
+            { tag: "cornerRadius", base: 14 }, { tag: "cornerSmall", base: 8 },
+            { tag: "iconSize", base: 17 }, { tag: "toolbarChromeHeight", base: 42 },
+            { tag: "toolbarButtonWidth", base: 32 }, { tag: "toolbarButtonHeight", base: 30 },
+            { tag: "toolbarHandleHeight", base: 14 }, { tag: "menuItemHeight", base: 36 },
+            { tag: "controlHeight", base: 32 }, { tag: "settingsWidth", base: 980 },
+            { tag: "settingsHeight", base: 660 }, { tag: "sidebarWidth", base: 220 },
+            { tag: "linuxSettingsWidth", base: 720 }, { tag: "dialogWidth", base: 360 },
+            { tag: "helpButtonSize", base: 32 }, { tag: "shortcutCardWidth", base: 280 },
+            { tag: "onboardingCardWidth", base: 420 }, { tag: "keyCapMinHeight", base: 38 },
+            { tag: "keyCapFontSize", base: 22 }, { tag: "toolbarHeight", base: 58 },
+            { tag: "buttonSize", base: 32 },
+        ];
+    }
+
+    // Every size token is live: changing the zoom re-evaluates it.
+    function test_tokensFollowScale(data) {
+        settingsManager.uiScale = 1.2;
+        compare(AppTheme[data.tag], Math.round(data.base * 1.2));
+        settingsManager.uiScale = 1.5;
+        compare(AppTheme[data.tag], Math.round(data.base * 1.5));
+    }
+
+    function test_darkChoice_data() {
+        return [
+            { tag: "dark choice on a light system", choice: 0, system: "#F0F0F0", dark: true },
+            { tag: "light choice on a dark system", choice: 1, system: "#202020", dark: false },
+            { tag: "system choice on a dark system", choice: 2, system: "#202020", dark: true },
+            { tag: "system choice on a light system", choice: 2, system: "#F0F0F0", dark: false },
+        ];
+    }
+
+    function test_darkChoice(data) {
+        themeTest.setSystemWindowColor(data.system); // qmllint disable unqualified
+        settingsManager.windowsTheme = data.choice;
+        settingsManager.linuxTheme = data.choice;
+        compare(AppTheme.winIsDark, data.dark);
+        compare(AppTheme.linuxIsDark, data.dark);
+        compare(AppTheme.winText, data.dark ? Qt.color("#ECEEF2") : Qt.color("#1C1C1C"));
+        compare(AppTheme.linuxBg, data.dark ? Qt.color("#242424") : Qt.color("#FAFAFA"));
+    }
+
+    // "System" follows a scheme change while the program runs; a fixed choice does not.
+    function test_systemSchemeChangeIsLive() {
+        settingsManager.windowsTheme = 2;
+        settingsManager.linuxTheme = 0;
+        themeTest.setSystemWindowColor("#F0F0F0"); // qmllint disable unqualified
+        compare(AppTheme.winIsDark, false);
+        themeTest.setSystemWindowColor("#1A1A1A"); // qmllint disable unqualified
+        compare(AppTheme.winIsDark, true);
+        compare(AppTheme.winBg, Qt.color("#F5181B21"));
+        themeTest.setSystemWindowColor("#F0F0F0"); // qmllint disable unqualified
+        compare(AppTheme.winIsDark, false);
+        compare(AppTheme.linuxIsDark, true);
+    }
+
+    // The theme's family lists must resolve to the bundled fonts, in each weight.
+    function test_bundledFontsResolve_data() {
+        return [
+            { tag: "body text is Geist Regular", mono: false, weight: Font.Normal, family: "Geist", style: "Regular" },
+            { tag: "Geist Medium", mono: false, weight: Font.Medium, family: "Geist", style: "Medium" },
+            { tag: "Geist SemiBold", mono: false, weight: Font.DemiBold, family: "Geist", style: "SemiBold" },
+            { tag: "Geist Bold", mono: false, weight: Font.Bold, family: "Geist", style: "Bold" },
+            { tag: "mono text is JetBrains Mono", mono: true, weight: Font.Normal, family: "JetBrains Mono", style: "Regular" },
+        ];
+    }
+
+    function test_bundledFontsResolve(data) {
+        const text = createTemporaryObject(textComponent, testCase, {
+            "font.family": data.mono ? AppTheme.monoFamily : AppTheme.fontFamily,
+            "font.weight": data.weight,
+        });
+        compare(text.fontInfo.family, data.family);
+        compare(text.fontInfo.styleName, data.style);
+    }
+}

@@ -1,0 +1,201 @@
+import QtQuick
+import QtTest
+import GlimmoraApp
+
+Item {
+    id: scene
+
+    width: 400
+    height: 300
+
+    CtxMenu {
+        id: menu
+
+        CtxItem {
+            id: normalItem
+
+            label: "Rectangle snip"
+            shortcut: "Ctrl+Shift+S"
+            iconSource: "qrc:/qt/qml/GlimmoraApp/src/assets/icons/snip-rectangle.svg"
+        }
+        CtxItem {
+            id: disabledItem
+
+            label: "Window snip"
+            iconSource: "qrc:/qt/qml/GlimmoraApp/src/assets/icons/snip-window.svg"
+            disabled: true
+        }
+        CtxItem {
+            id: dangerItem
+
+            label: "Quit Glimmora"
+            danger: true
+        }
+    }
+
+    WinSlider {
+        id: slider
+
+        x: 20
+        y: 20
+        width: 300
+        label: "Size"
+        unit: "px"
+        from: 20
+        to: 120
+        value: 48
+    }
+
+    SignalSpy {
+        id: normalSpy
+
+        target: normalItem
+        signalName: "triggered"
+    }
+    SignalSpy {
+        id: disabledSpy
+
+        target: disabledItem
+        signalName: "triggered"
+    }
+    SignalSpy {
+        id: movedSpy
+
+        target: slider
+        signalName: "moved"
+    }
+
+    TestCase {
+        name: "CtxMenu"
+        when: windowShown
+
+        readonly property Item panel: findChild(menu, "ctxMenuPanel")
+
+        function init() {
+            menu.close();
+            normalSpy.clear();
+            disabledSpy.clear();
+            mouseMove(scene, 399, 299);
+        }
+
+        function test_placement_data() {
+            // The panel is px(220) = 264 wide at the default zoom; three rows plus
+            // margins make it 3 * 43 + 14 = 143 high.
+            return [
+                { tag: "room on both sides opens right and down", x: 40, y: 30, flipX: false, flipY: false },
+                { tag: "near the right edge flips left", x: 300, y: 30, flipX: true, flipY: false },
+                { tag: "near the bottom edge flips up", x: 40, y: 250, flipX: false, flipY: true },
+                { tag: "in the bottom right corner opens up and left", x: 390, y: 290, flipX: true, flipY: true },
+                { tag: "exactly touching the right edge stays", x: 400 - 264, y: 30, flipX: false, flipY: false },
+            ];
+        }
+
+        function test_placement(data) {
+            compare(panel.width, AppTheme.px(220));
+            compare(panel.height, 3 * AppTheme.menuItemHeight + AppTheme.px(12));
+            menu.popup(data.x, data.y);
+            verify(menu.visible);
+            compare(panel.x, data.flipX ? data.x - panel.width : data.x);
+            compare(panel.y, data.flipY ? data.y - panel.height : data.y);
+        }
+
+        function test_pressOutsideCloses() {
+            menu.popup(40, 30);
+            mousePress(scene, 380, 280);
+            mouseRelease(scene, 380, 280);
+            verify(!menu.visible);
+        }
+
+        function test_pressInsidePanelKeepsOpen() {
+            menu.popup(40, 30);
+            // The gap of the top margin, above the first row.
+            mouseClick(panel, panel.width / 2, 2);
+            verify(menu.visible);
+            compare(normalSpy.count, 0);
+        }
+
+        function test_clicks_data() {
+            return [
+                { tag: "enabled row triggers", item: "normal", triggered: 1 },
+                { tag: "disabled row stays silent", item: "disabled", triggered: 0 },
+            ];
+        }
+
+        function test_clicks(data) {
+            menu.popup(40, 30);
+            const item = data.item === "normal" ? normalItem : disabledItem;
+            const spy = data.item === "normal" ? normalSpy : disabledSpy;
+            mouseClick(item, item.width / 2, item.height / 2);
+            compare(spy.count, data.triggered);
+        }
+
+        function test_rowColours_data() {
+            return [
+                { tag: "normal", item: "normal", hover: false, icon: AppTheme.textDim, label: AppTheme.text, shortcut: "#50FFFFFF" },
+                { tag: "hovered", item: "normal", hover: true, icon: AppTheme.text, label: AppTheme.text, shortcut: "#50FFFFFF" },
+                { tag: "disabled, hovered or not", item: "disabled", hover: true, icon: "#40FFFFFF", label: "#40FFFFFF", shortcut: "#28FFFFFF" },
+                { tag: "danger", item: "danger", hover: false, icon: "#F05D5D", label: "#FF6B6B", shortcut: "#50FFFFFF" },
+            ];
+        }
+
+        function test_rowColours(data) {
+            menu.popup(40, 30);
+            const item = data.item === "normal" ? normalItem : data.item === "disabled" ? disabledItem : dangerItem;
+            if (data.hover)
+                mouseMove(item, item.width / 2, item.height / 2);
+            compare(item.hovered, data.hover && !item.disabled);
+            compare(findChild(item, "ctxItemIcon").color, Qt.color(data.icon));
+            compare(findChild(item, "ctxItemLabel").color, Qt.color(data.label));
+            compare(findChild(item, "ctxItemShortcut").color, Qt.color(data.shortcut));
+        }
+
+        function test_labelPlacement_data() {
+            return [
+                { tag: "with an icon the label starts at px(36)", item: "normal", x: 36 },
+                { tag: "without an icon at px(12)", item: "danger", x: 12 },
+            ];
+        }
+
+        function test_labelPlacement(data) {
+            const item = data.item === "normal" ? normalItem : dangerItem;
+            compare(findChild(item, "ctxItemLabel").x, AppTheme.px(data.x));
+        }
+    }
+
+    TestCase {
+        name: "WinSlider"
+        when: windowShown
+
+        readonly property var control: findChild(slider, "winSliderControl")
+
+        function init() {
+            menu.close();
+            slider.value = 48;
+            movedSpy.clear();
+        }
+
+        function test_bindingChangeIsNotAMove() {
+            slider.value = 90;
+            compare(control.value, 90);
+            compare(findChild(slider, "winSliderReadout").text, "90 px");
+            compare(movedSpy.count, 0);
+        }
+
+        function test_dragReportsWithoutWriting() {
+            mousePress(control, control.width / 2, control.height / 2);
+            mouseMove(control, control.width - control.rightPadding, control.height / 2);
+            mouseRelease(control, control.width - control.rightPadding, control.height / 2);
+            verify(movedSpy.count > 0);
+            fuzzyCompare(movedSpy.signalArguments[movedSpy.count - 1][0], 120, 2);
+            // The owner decides: until it writes back, the bound value stands.
+            compare(slider.value, 48);
+            slider.value = 120;
+            compare(control.value, 120);
+        }
+
+        function test_readoutRounds() {
+            slider.value = 47.6;
+            compare(findChild(slider, "winSliderReadout").text, "48 px");
+        }
+    }
+}
