@@ -7,11 +7,21 @@
 
 #include <QGuiApplication>
 #include <QProcess>
+#include <QQmlComponent>
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickView>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
+#include <QtQml/qqmlextensionplugin.h>
 
 #include <cstdlib>
+#include <functional>
 #include <xkbcommon/xkbcommon-keysyms.h>
+
+Q_IMPORT_QML_PLUGIN(GlimmoraAppPlugin)
 
 class TestHotkeysX11 : public QObject
 {
@@ -35,6 +45,7 @@ private slots:
     void waylandSessionIsReportedUnavailable();
     void rawKeysGiveKeystrokeText_data();
     void rawKeysGiveKeystrokeText();
+    void keystrokeCardShowsThePressedKeys();
 
 private:
     // Waits for the client to report `keysym`, then returns every press it
@@ -399,6 +410,82 @@ void TestHotkeysX11::rawKeysGiveKeystrokeText()
         received << arguments.first().toString();
     received.removeLast();
     QCOMPARE(received, texts);
+}
+
+void TestHotkeysX11::keystrokeCardShowsThePressedKeys()
+{
+    // The card in a window of its own, fed by the service as the application
+    // wires it: keystrokeRequested to the controller's reportKeystroke.
+    QQmlEngine engine;
+    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    for (const auto &[name, file] :
+         { std::pair { "appController", "MockAppController.qml" },
+           std::pair { "settingsManager", "MockSettingsManager.qml" } }) {
+        QQmlComponent mock(&engine,
+                           QUrl::fromLocalFile(QStringLiteral(KEYSTROKE_MOCKS_DIR "/") + file));
+        QObject *object = mock.create();
+        QVERIFY2(object, qPrintable(mock.errorString()));
+        object->setParent(&engine);
+        engine.rootContext()->setContextProperty(QString::fromLatin1(name), object);
+    }
+    QObject *controller = engine.rootContext()->contextProperty("appController").value<QObject *>();
+    connect(m_manager.get(), &HotkeyManager::keystrokeRequested, controller,
+            [controller](const QString &combo) {
+                QMetaObject::invokeMethod(controller, "reportKeystroke", Q_ARG(QString, combo));
+            });
+
+    QQuickView view(&engine, nullptr);
+    view.setFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
+    view.setColor(QColor(QStringLiteral("#404040")));
+    view.setResizeMode(QQuickView::SizeRootObjectToView);
+    view.setGeometry(200, 400, 700, 200);
+    QQmlComponent scene(&engine);
+    scene.setData("import QtQuick\nimport GlimmoraApp\n"
+                  "Item { KeystrokeCard { objectName: \"card\"; x: 20; y: 40 } }",
+                  QUrl());
+    view.setContent(QUrl(), &scene, scene.create());
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    QCOMPARE(focusWindow(), m_clientWindow);
+    QObject *card = view.rootObject()->findChild<QObject *>(QStringLiteral("card"));
+    QVERIFY(card);
+
+    m_keyboard.tap({ XKB_KEY_Control_L, XKB_KEY_Shift_L, XKB_KEY_b });
+    QTRY_COMPARE(controller->property("lastKeystroke").toString(), QStringLiteral("Ctrl+Shift+B"));
+    QTRY_COMPARE(card->property("opacity").toReal(), 1.0);
+    QTRY_COMPARE(card->property("scale").toReal(), 1.0);
+    QStringList caps;
+    const std::function<void(QQuickItem *)> collect = [&](QQuickItem *item) {
+        if (item->objectName() == u"keyCap")
+            caps << item->property("label").toString();
+        for (QQuickItem *child : item->childItems())
+            collect(child);
+    };
+    collect(view.rootObject());
+    QCOMPARE(caps, (QStringList { "Ctrl", "Shift", "B" }));
+
+    // White key names on the dark caps reach the screen.
+    const QRectF area = qobject_cast<QQuickItem *>(card)->mapRectToScene(
+        QRectF(0, 0, card->property("width").toReal(), card->property("height").toReal()));
+    QImage shot;
+    int bright = 0;
+    QTRY_VERIFY_WITH_TIMEOUT(
+        [&] {
+            shot = view.screen()
+                       ->grabWindow(0, view.x() + int(area.x()), view.y() + int(area.y()),
+                                    int(area.width()), int(area.height()))
+                       .toImage();
+            bright = 0;
+            for (int y = 0; y < shot.height(); ++y) {
+                for (int x = 0; x < shot.width(); ++x)
+                    bright += qGray(shot.pixel(x, y)) > 200;
+            }
+            return bright > 100;
+        }(),
+        3000);
+    if (!qEnvironmentVariableIsEmpty("GLIMMORA_TEST_SHOTS"))
+        shot.save(qEnvironmentVariable("GLIMMORA_TEST_SHOTS") + "/keystroke-card.png");
+    QCOMPARE(focusWindow(), m_clientWindow);
 }
 
 QTEST_MAIN(TestHotkeysX11)
