@@ -39,6 +39,7 @@ private slots:
     void bareCommandKeyActsAndStillReachesTheClient();
     void combinationHeldByAnotherClientIsAConflict();
     void changingTheMapReleasesOldGrabs();
+    void twoActionsWithOneCombinationFlagOne();
     void hotkeysFireWithNumLockOn();
     void keyboardMapChangeRenewsGrabs();
     void holdingAHotkeyFiresOnce();
@@ -286,6 +287,23 @@ void TestHotkeysX11::changingTheMapReleasesOldGrabs()
     m_keyboard.tap({ XKB_KEY_Alt_L, XKB_KEY_p });
     QVERIFY(tools.wait(2000));
     QCOMPARE(tools.first().first().toString(), QStringLiteral("pen"));
+}
+
+void TestHotkeysX11::twoActionsWithOneCombinationFlagOne()
+{
+    QVariantMap map = HotkeyActions::defaultMap();
+    map.insert(QStringLiteral("undo"), QStringLiteral("Ctrl+Shift+Z"));
+    m_manager->setHotkeys(map);
+    QVERIFY(m_manager->hotkeyHasConflict(QStringLiteral("undo"))
+            != m_manager->hotkeyHasConflict(QStringLiteral("redo")));
+
+    QSignalSpy undos(m_manager.get(), &HotkeyManager::undoRequested);
+    QSignalSpy redos(m_manager.get(), &HotkeyManager::redoRequested);
+    m_keyboard.tap({ XKB_KEY_Control_L, XKB_KEY_Shift_L, XKB_KEY_z });
+    QTRY_COMPARE(undos.size() + redos.size(), 1);
+    QTest::qWait(100);
+    QCOMPARE(undos.size() + redos.size(), 1);
+    QCOMPARE(redos.size(), m_manager->hotkeyHasConflict(QStringLiteral("undo")) ? 1 : 0);
 }
 
 void TestHotkeysX11::hotkeysFireWithNumLockOn()
