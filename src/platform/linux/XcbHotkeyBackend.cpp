@@ -119,7 +119,9 @@ void XcbHotkeyBackend::start()
         m_connection, xcb_input_xi_query_version(m_connection, 2, 2), nullptr));
     const xcb_query_extension_reply_t *xinput = xcb_get_extension_data(m_connection, &xcb_input_id);
     if (!xinput || !xinput->present
-        || (version && (version->major_version < 2 || version->minor_version < 2))) {
+        || (version
+            && (version->major_version < 2
+                || (version->major_version == 2 && version->minor_version < 2)))) {
         qCWarning(lcHotkeys) << "XcbHotkeyBackend: XInput 2.2 is missing, keys are not observed";
     } else {
         m_xinputOpcode = xinput->major_opcode;
