@@ -1,10 +1,14 @@
+#include "app/ThemeFonts.h"
+
 #include <QColor>
 #include <QGuiApplication>
 #include <QPalette>
+#include <QPixmap>
 #include <QQmlComponent>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QQuickStyle>
+#include <QScreen>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
@@ -26,8 +30,25 @@ public:
         QGuiApplication::setPalette(palette);
     }
 
+    // The colour the user sees at a global point, overlays composited.
+    Q_INVOKABLE QColor screenPixel(int x, int y) const
+    {
+        QScreen *screen = QGuiApplication::screenAt(QPoint(x, y));
+        if (!screen)
+            return {};
+        const QPoint origin = screen->geometry().topLeft();
+        return screen->grabWindow(0, x - origin.x(), y - origin.y(), 1, 1)
+            .toImage()
+            .pixelColor(0, 0);
+    }
+
 public slots:
-    void applicationAvailable() { QQuickStyle::setStyle(QStringLiteral("Fusion")); }
+    void applicationAvailable()
+    {
+        QQuickStyle::setStyle(QStringLiteral("Fusion"));
+        ThemeFonts::addBundledFonts();
+        ThemeFonts::installFamilyLists();
+    }
 
     void qmlEngineAvailable(QQmlEngine *engine)
     {
@@ -39,8 +60,7 @@ public slots:
         };
         for (const auto &[name, file] : mocks) {
             QQmlComponent component(
-                engine,
-                QUrl::fromLocalFile(QStringLiteral(QUICK_TEST_SOURCE_DIR "/mocks/") + file));
+                engine, QUrl::fromLocalFile(QStringLiteral(THEME_MOCKS_DIR "/") + file));
             QObject *object = component.create();
             if (!object)
                 qFatal("ThemeTestSetup: cannot create %s: %s", qPrintable(file),

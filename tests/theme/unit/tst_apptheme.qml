@@ -7,6 +7,14 @@ TestCase {
 
     name: "AppTheme"
 
+    Component {
+        id: textComponent
+
+        Text {
+            text: "Ctrl+Shift+S"
+        }
+    }
+
     function init() {
         settingsManager.uiScale = 1.2;
         settingsManager.windowsTheme = 2;
@@ -93,5 +101,25 @@ TestCase {
         themeTest.setSystemWindowColor("#F0F0F0"); // qmllint disable unqualified
         compare(AppTheme.winIsDark, false);
         compare(AppTheme.linuxIsDark, true);
+    }
+
+    // The theme's family lists must resolve to the bundled fonts, in each weight.
+    function test_bundledFontsResolve_data() {
+        return [
+            { tag: "body text is Geist Regular", mono: false, weight: Font.Normal, family: "Geist", style: "Regular" },
+            { tag: "Geist Medium", mono: false, weight: Font.Medium, family: "Geist", style: "Medium" },
+            { tag: "Geist SemiBold", mono: false, weight: Font.DemiBold, family: "Geist", style: "SemiBold" },
+            { tag: "Geist Bold", mono: false, weight: Font.Bold, family: "Geist", style: "Bold" },
+            { tag: "mono text is JetBrains Mono", mono: true, weight: Font.Normal, family: "JetBrains Mono", style: "Regular" },
+        ];
+    }
+
+    function test_bundledFontsResolve(data) {
+        const text = createTemporaryObject(textComponent, testCase, {
+            "font.family": data.mono ? AppTheme.monoFamily : AppTheme.fontFamily,
+            "font.weight": data.weight,
+        });
+        compare(text.fontInfo.family, data.family);
+        compare(text.fontInfo.styleName, data.style);
     }
 }

@@ -1,0 +1,3 @@
+#include "hotkeys/HotkeyLogging.h"
+
+Q_LOGGING_CATEGORY(lcHotkeys, "glimmora.hotkeys")
