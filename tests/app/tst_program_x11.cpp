@@ -62,7 +62,7 @@ private:
     {
         QProcess tool;
         tool.start(QStringLiteral("xdotool"), args);
-        tool.waitForFinished(15000);
+        tool.waitForFinished(30000);
         return QString::fromUtf8(tool.readAllStandardOutput()).trimmed();
     }
 
