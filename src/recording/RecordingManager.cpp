@@ -8,6 +8,7 @@
 #include <QDateTime>
 #include <QFile>
 #include <QGuiApplication>
+#include <QScreen>
 #include <QThread>
 #include <QUuid>
 

@@ -40,6 +40,22 @@ class TestFrameHandOver : public QObject
         return got;
     }
 
+private:
+    // Pool: buffers are shared_ptr, busy while anyone else holds one.
+    using Buffer = std::shared_ptr<int>;
+    using Pool = EncoderSlotPool<Buffer, int>;
+
+    static Pool makePool(int *allocations)
+    {
+        return Pool(
+            QStringLiteral("TestSource"),
+            [allocations](const int &desc) {
+                ++*allocations;
+                return std::make_shared<int>(desc);
+            },
+            [](const Buffer &b) { return b.use_count() >= 2; });
+    }
+
 private slots:
     void pendingFrameWinsAndNewcomersAreCounted()
     {
@@ -153,21 +169,6 @@ private slots:
         QCOMPARE(takeNow(handOver), std::nullopt);
         deliver(handOver, 9);
         QCOMPARE(takeNow(handOver), std::optional<int>(9));
-    }
-
-    // Pool: buffers are shared_ptr, busy while anyone else holds one.
-    using Buffer = std::shared_ptr<int>;
-    using Pool = EncoderSlotPool<Buffer, int>;
-
-    static Pool makePool(int *allocations)
-    {
-        return Pool(
-            QStringLiteral("TestSource"),
-            [allocations](const int &desc) {
-                ++*allocations;
-                return std::make_shared<int>(desc);
-            },
-            [](const Buffer &b) { return b.use_count() >= 2; });
     }
 
     void freeSlotsAreReused()
