@@ -194,6 +194,10 @@ void RecordingManager::onStartFailed(const QString &error)
     m_elapsedTimer.stop();
     setState(Failed);
     emit finished(false, QString());
+    // The worker still finalises what it opened when it is destroyed with its
+    // thread; that report belongs to this failed attempt, not to the next.
+    if (m_worker)
+        disconnect(m_worker, nullptr, this, nullptr);
     if (m_thread)
         m_thread->quit();
 }

@@ -34,7 +34,7 @@ public:
         qint64 maxWriteMs = 0;
     };
 
-    explicit RecordingWorker(RecordingBackend backend = {}, QObject *parent = nullptr);
+    explicit RecordingWorker(RecordingBackend backend, QObject *parent = nullptr);
     ~RecordingWorker() override;
 
     Stats stats() const;

@@ -167,11 +167,13 @@ private:
 inline RecordingBackend fakeBackend(const std::shared_ptr<FakeScript> &script,
                                     QRect rect = QRect(1920, 0, 1920, 1080))
 {
-    RecordingBackend backend;
-    backend.frameSource = [script] { return std::make_unique<FakeFrameSource>(script); };
-    backend.videoWriter = [script] { return std::make_unique<FakeVideoWriter>(script); };
-    backend.cursorPosition = [script] { return std::make_unique<FakeCursorPosition>(script); };
-    backend.pointerButtons = [script] { return std::make_unique<FakePointerButtons>(script); };
-    backend.captureRect = [rect](QScreen *) { return rect; };
+    // Every member given, so that no real platform factory is referenced.
+    RecordingBackend backend{
+        [script] { return std::make_unique<FakeFrameSource>(script); },
+        [script] { return std::make_unique<FakeVideoWriter>(script); },
+        [script] { return std::make_unique<FakeCursorPosition>(script); },
+        [script] { return std::make_unique<FakePointerButtons>(script); },
+        [rect](QScreen *) { return rect; },
+    };
     return backend;
 }
