@@ -8,7 +8,6 @@
 #include <gst/video/video.h>
 #include <xcb/xcb.h>
 
-#include <cstring>
 
 namespace {
 
@@ -33,14 +32,6 @@ std::unique_ptr<FrameSource> FrameSource::create()
 }
 
 GstFrameSource::GstFrameSource()
-    : m_pool(
-          QStringLiteral("GstFrameSource"),
-          [](const QSize &size) {
-              return std::make_shared<std::vector<unsigned char>>(size_t(size.width()) * size.height() * 4);
-          },
-          // The pool's own reference counts as one; a writer holding the
-          // buffer adds another.
-          [](const Pixels &pixels) { return pixels.use_count() >= 2; })
 {
     GstSupport::ensureInitialised();
     m_handOver.setNoFrameError(QStringLiteral("X11 screen capture did not produce a frame."));
@@ -127,8 +118,7 @@ bool GstFrameSource::init(const QRect &rect, QString *error)
     m_frameSize = crop.frameSize;
     qCInfo(lcRecording) << "GstFrameSource: starting X11 capture"
                         << "rect" << rect << "crop" << crop.startX << crop.startY << crop.endX
-                        << crop.endY << "recordFrameSize" << m_frameSize << "poolSize"
-                        << EncoderSlotPool<Pixels, QSize>::Size;
+                        << crop.endY << "recordFrameSize" << m_frameSize;
     const bool stateFailed
         = gst_element_set_state(pipeline, GST_STATE_PLAYING) == GST_STATE_CHANGE_FAILURE;
     QString busText;
@@ -169,7 +159,7 @@ bool GstFrameSource::deliverFrame(const QRect &rect, const Consumer &consumer, Q
         return false;
 
     CapturedFrame frame;
-    const bool copied = m_handOver.take(
+    const bool taken = m_handOver.take(
         [&](const Sample &sample) {
             GstVideoInfo info;
             if (!gst_video_info_from_caps(&info, gst_sample_get_caps(sample.get()))) {
@@ -192,26 +182,31 @@ bool GstFrameSource::deliverFrame(const QRect &rect, const Consumer &consumer, Q
                              .arg(m_frameSize.height());
                 return false;
             }
-            Pixels pixels = m_pool.acquire(m_frameSize);
-            GstMapInfo map;
+            struct Mapped
+            {
+                Sample sample;
+                GstMapInfo map{};
+                ~Mapped()
+                {
+                    if (sample)
+                        gst_buffer_unmap(gst_sample_get_buffer(sample.get()), &map);
+                }
+            };
+            auto mapped = std::make_shared<Mapped>();
             GstBuffer *buffer = gst_sample_get_buffer(sample.get());
-            if (!pixels || !buffer || !gst_buffer_map(buffer, &map, GST_MAP_READ)) {
-                *error = QStringLiteral("Failed to copy X11 capture frame.");
+            if (!buffer || !gst_buffer_map(buffer, &mapped->map, GST_MAP_READ)) {
+                *error = QStringLiteral("Failed to map X11 capture frame.");
                 return false;
             }
-            const int stride = GST_VIDEO_INFO_PLANE_STRIDE(&info, 0);
-            const size_t rowBytes = size_t(m_frameSize.width()) * 4;
-            for (int y = 0; y < m_frameSize.height(); ++y)
-                std::memcpy(pixels->data() + y * rowBytes, map.data + size_t(y) * stride, rowBytes);
-            gst_buffer_unmap(buffer, &map);
+            mapped->sample = sample;
             frame.size = m_frameSize;
-            frame.bits = pixels->data();
-            frame.bytesPerLine = int(rowBytes);
-            frame.owner = pixels;
+            frame.bits = mapped->map.data;
+            frame.bytesPerLine = GST_VIDEO_INFO_PLANE_STRIDE(&info, 0);
+            frame.owner = mapped;
             return true;
         },
         error);
-    if (!copied)
+    if (!taken)
         return false;
     return consumer(frame);
 }
@@ -230,18 +225,12 @@ void GstFrameSource::stop()
         m_pipeline = nullptr;
     }
     const FrameHandOverStats stats = m_handOver.stats();
-    if (stats.receivedFrames || stats.droppedBeforeWorker || stats.copiedForEncoder
-        || m_pool.poolAllocations() || m_pool.temporaryAllocations()) {
+    if (stats.receivedFrames || stats.droppedBeforeWorker || stats.copiedForEncoder) {
         qCInfo(lcRecording) << "GstFrameSource stats:"
                             << "received" << stats.receivedFrames << "droppedBeforeWorker"
-                            << stats.droppedBeforeWorker << "copiedForEncoder"
-                            << stats.copiedForEncoder << "poolAllocations"
-                            << m_pool.poolAllocations() << "temporaryAllocations"
-                            << m_pool.temporaryAllocations() << "poolSize"
-                            << EncoderSlotPool<Pixels, QSize>::Size;
+                            << stats.droppedBeforeWorker << "delivered" << stats.copiedForEncoder;
     }
     m_handOver.clear();
-    m_pool.clear();
     m_captureRect = QRect();
     m_frameSize = QSize();
 }

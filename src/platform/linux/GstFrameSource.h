@@ -1,14 +1,12 @@
 #pragma once
 
 #include "platform/FrameSource.h"
-#include "recording/EncoderSlotPool.h"
 #include "recording/FrameHandOver.h"
 
 #include <QRect>
 #include <QSize>
 
 #include <memory>
-#include <vector>
 
 typedef struct _GstElement GstElement;
 typedef struct _GstSample GstSample;
@@ -16,8 +14,9 @@ typedef struct _GstAppSink GstAppSink;
 
 // X11 frame source: ximagesrc (XShm, no pointer, no damage tracking) cropped
 // to the display's rectangle, into an appsink whose streaming thread is the
-// callback thread of the hand-over. A delivered frame is copied into a pooled
-// memory buffer that stays busy while the writer still holds it.
+// callback thread of the hand-over. A delivered frame is the captured shared
+// memory image itself, mapped, with no copy: ximagesrc recycles the image
+// once the writer lets go of it, so it needs no encoder buffer pool of ours.
 class GstFrameSource : public FrameSource
 {
 public:
@@ -44,7 +43,6 @@ public:
     static bool cropFor(const QRect &rect, const QSize &rootSize, Crop *crop, QString *error);
 
 private:
-    using Pixels = std::shared_ptr<std::vector<unsigned char>>;
     using Sample = std::shared_ptr<GstSample>;
 
     bool init(const QRect &rect, QString *error);
@@ -55,5 +53,4 @@ private:
     QRect m_captureRect;
     QSize m_frameSize;
     FrameHandOver<Sample> m_handOver;
-    EncoderSlotPool<Pixels, QSize> m_pool;
 };
