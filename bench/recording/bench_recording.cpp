@@ -39,7 +39,7 @@ struct Result
 
 Result recordWithPipeline(const QString &path, int durationSeconds)
 {
-    rusage before{};
+    rusage before {};
     getrusage(RUSAGE_SELF, &before);
     RecordingWorker worker(X11Recording::realBackend());
     QObject::connect(&worker, &RecordingWorker::startFailed, [](const QString &error) {
@@ -52,14 +52,15 @@ Result recordWithPipeline(const QString &path, int durationSeconds)
     QCoreApplication::exec();
     const RecordingWorker::Stats stats = worker.stats();
     worker.finish();
-    rusage after{};
+    rusage after {};
     getrusage(RUSAGE_SELF, &after);
     Result result;
     result.cpuSeconds = cpuSeconds(after) - cpuSeconds(before);
     result.written = X11Recording::probe(path).frames;
     result.dropped = stats.droppedFrames;
     std::printf("pipeline: worker wrote %lld frames, %lld late or skipped\n",
-                static_cast<long long>(stats.writtenFrames), static_cast<long long>(stats.droppedFrames));
+                static_cast<long long>(stats.writtenFrames),
+                static_cast<long long>(stats.droppedFrames));
     return result;
 }
 
@@ -78,8 +79,9 @@ Result recordWithFfmpeg(const QString &path, int durationSeconds)
     }
     Result result;
     int status = 0;
-    rusage usage{};
-    if (pid < 0 || wait4(pid, &status, 0, &usage) != pid || !WIFEXITED(status) || WEXITSTATUS(status) != 0) {
+    rusage usage {};
+    if (pid < 0 || wait4(pid, &status, 0, &usage) != pid || !WIFEXITED(status)
+        || WEXITSTATUS(status) != 0) {
         std::fprintf(stderr, "ffmpeg failed (status %d)\n", status);
         return result;
     }
@@ -108,7 +110,7 @@ int main(int argc, char *argv[])
         : 60;
     QTemporaryDir dir;
     QProcess pattern;
-    pattern.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--pattern")});
+    pattern.start(QCoreApplication::applicationFilePath(), { QStringLiteral("--pattern") });
     if (!pattern.waitForStarted()) {
         std::fprintf(stderr, "could not start the pattern window\n");
         return 1;
@@ -130,9 +132,10 @@ int main(int argc, char *argv[])
     std::printf("%-10s %8d %8lld %12.3f\n", "ffmpeg", reference.written,
                 static_cast<long long>(reference.dropped), referencePerSecond);
     const double ratio = referencePerSecond > 0 ? oursPerSecond / referencePerSecond : 0;
-    std::printf("CPU ratio pipeline/ffmpeg: %.2f (target <= 1.0); dropped frames: %lld (target 0)\n",
-                ratio, static_cast<long long>(ours.dropped));
-    double load[3] = {0, 0, 0};
+    std::printf(
+        "CPU ratio pipeline/ffmpeg: %.2f (target <= 1.0); dropped frames: %lld (target 0)\n", ratio,
+        static_cast<long long>(ours.dropped));
+    double load[3] = { 0, 0, 0 };
     if (getloadavg(load, 3) > 0)
         std::printf("load average during the run: %.2f\n", load[0]);
     return ours.written > 0 && reference.written > 0 ? 0 : 1;

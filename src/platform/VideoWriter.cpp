@@ -18,11 +18,11 @@ bool VideoWriter::start(const QString &path, const CaptureSession &session, cons
     m_timeline.reset();
     m_samplesSubmitted = 0;
     m_writeFailures = 0;
-    qCDebug(lcRecording).nospace() << logName() << ": using H.264 bitrate " << m_settings.bitrate
-                                   << " for frame size " << m_settings.frameSize << " at "
-                                   << m_settings.fps << " fps, quality preset "
-                                   << m_settings.qualityPreset << ", profile " << m_settings.profile
-                                   << ", keyframe spacing " << m_settings.keyframeSpacing;
+    qCDebug(lcRecording).nospace()
+        << logName() << ": using H.264 bitrate " << m_settings.bitrate << " for frame size "
+        << m_settings.frameSize << " at " << m_settings.fps << " fps, quality preset "
+        << m_settings.qualityPreset << ", profile " << m_settings.profile << ", keyframe spacing "
+        << m_settings.keyframeSpacing;
     m_started = true;
     QString error;
     if (!openSink(path, session, m_settings, &error)) {
@@ -31,8 +31,8 @@ bool VideoWriter::start(const QString &path, const CaptureSession &session, cons
     }
     m_writing = true;
     qCInfo(lcRecording).noquote() << QLatin1String(logName()) + QLatin1String(": writer started")
-                        << "output" << path << "frameSize" << m_settings.frameSize << "fps"
-                        << m_settings.fps << "bitrate" << m_settings.bitrate;
+                                  << "output" << path << "frameSize" << m_settings.frameSize
+                                  << "fps" << m_settings.fps << "bitrate" << m_settings.bitrate;
     return true;
 }
 
@@ -71,8 +71,8 @@ bool VideoWriter::finish()
     if (!m_started)
         return true;
     qCInfo(lcRecording).noquote() << QLatin1String(logName()) + QLatin1String(" session stats:")
-                        << "samplesSubmitted" << m_samplesSubmitted << "writeFailures"
-                        << m_writeFailures;
+                                  << "samplesSubmitted" << m_samplesSubmitted << "writeFailures"
+                                  << m_writeFailures;
     QString error;
     const bool ok = closeSink(m_writing, &error);
     m_started = false;

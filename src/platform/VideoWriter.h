@@ -41,12 +41,10 @@ protected:
 
     // Opens the sink. A failure may leave a half-built sink for closeSink.
     virtual bool openSink(const QString &path, const CaptureSession &session,
-                          const H264Settings &settings, QString *error)
-        = 0;
+                          const H264Settings &settings, QString *error) = 0;
     // Hands one frame to the encoder; times in 100-nanosecond units.
     virtual bool submitFrame(const CapturedFrame &frame, qint64 sampleTime, qint64 duration,
-                             QString *error)
-        = 0;
+                             QString *error) = 0;
     // Finalises (when `opened`) and releases the sink.
     virtual bool closeSink(bool opened, QString *error) = 0;
 

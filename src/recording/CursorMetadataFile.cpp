@@ -16,13 +16,13 @@ bool CursorMetadataFile::open(const QString &path, const QString &recordingId, i
     m_file.setFileName(path);
     if (!m_file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text))
         return false;
-    writeLine(QJsonObject{
-        {QStringLiteral("type"), QStringLiteral("glimmora-recording-metadata")},
-        {QStringLiteral("version"), 1},
-        {QStringLiteral("recordingId"), recordingId},
-        {QStringLiteral("createdAtUtc"),
-         QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs)},
-        {QStringLiteral("coordinateSpace"), QStringLiteral("global-screen")},
+    writeLine(QJsonObject {
+        { QStringLiteral("type"), QStringLiteral("glimmora-recording-metadata") },
+        { QStringLiteral("version"), 1 },
+        { QStringLiteral("recordingId"), recordingId },
+        { QStringLiteral("createdAtUtc"),
+          QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs) },
+        { QStringLiteral("coordinateSpace"), QStringLiteral("global-screen") },
     });
     m_file.flush();
     return true;
@@ -33,11 +33,11 @@ void CursorMetadataFile::writeRecord(qint64 tMs, const std::optional<QPoint> &po
 {
     if (!m_file.isOpen())
         return;
-    QJsonObject record{
-        {QStringLiteral("type"), QStringLiteral("cursor")},
-        {QStringLiteral("recordingId"), m_recordingId},
-        {QStringLiteral("tMs"), tMs},
-        {QStringLiteral("buttons"), buttons},
+    QJsonObject record {
+        { QStringLiteral("type"), QStringLiteral("cursor") },
+        { QStringLiteral("recordingId"), m_recordingId },
+        { QStringLiteral("tMs"), tMs },
+        { QStringLiteral("buttons"), buttons },
     };
     if (position) {
         record.insert(QStringLiteral("x"), position->x());

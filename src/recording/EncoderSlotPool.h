@@ -60,7 +60,8 @@ public:
         ++m_temporaryAllocations;
         if (warnsAt(m_temporaryAllocations)) {
             qCWarning(lcRecording).noquote()
-                << m_owner + QLatin1String(": encoder buffer pool is busy; allocated temporary buffer")
+                << m_owner
+                    + QLatin1String(": encoder buffer pool is busy; allocated temporary buffer")
                 << "temporaryAllocations" << m_temporaryAllocations << "poolSize" << Size;
         }
         return temporary;
@@ -86,15 +87,15 @@ public:
 private:
     struct Entry
     {
-        Slot slot{};
-        Desc desc{};
+        Slot slot {};
+        Desc desc {};
         quint64 uses = 0;
     };
 
     QString m_owner;
     Allocate m_allocate;
     Busy m_busy;
-    std::array<Entry, Size> m_entries{};
+    std::array<Entry, Size> m_entries {};
     int m_next = 0;
     quint64 m_poolAllocations = 0;
     quint64 m_temporaryAllocations = 0;

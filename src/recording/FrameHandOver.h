@@ -25,7 +25,7 @@ template<typename Frame>
 class FrameHandOver
 {
 public:
-    static constexpr std::chrono::milliseconds DefaultWait{500};
+    static constexpr std::chrono::milliseconds DefaultWait { 500 };
 
     // Entry guard of the callback thread: check active() before anything else.
     class CallbackScope

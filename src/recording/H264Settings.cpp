@@ -37,8 +37,8 @@ H264Settings H264Settings::forStream(const QSize &frameSize, int fps, int qualit
     s.profile = s.qualityPreset == 2 ? High : Main;
     s.keyframeSpacing = std::max(fps * (s.qualityPreset == 0 ? 4 : 2), fps);
     s.rateControl = s.qualityPreset == 0 ? UnconstrainedVbr : PeakConstrainedVbr;
-    static constexpr int qualities[] = {55, 70, 85};
-    static constexpr int speeds[] = {75, 75, 45};
+    static constexpr int qualities[] = { 55, 70, 85 };
+    static constexpr int speeds[] = { 75, 75, 45 };
     s.quality = qualities[s.qualityPreset];
     s.qualityVsSpeed = speeds[s.qualityPreset];
     return s;
@@ -46,7 +46,9 @@ H264Settings H264Settings::forStream(const QSize &frameSize, int fps, int qualit
 
 QSize H264Settings::alignedSize(const QSize &size, int multiple)
 {
-    const auto up = [multiple](int v) { return ((std::max(v, 0) + multiple - 1) / multiple) * multiple; };
+    const auto up = [multiple](int v) {
+        return ((std::max(v, 0) + multiple - 1) / multiple) * multiple;
+    };
     return QSize(up(size.width()), up(size.height()));
 }
 

@@ -57,8 +57,8 @@ QString RecordingFiles::makeFinalPath(const QString &folder, const QDateTime &no
 QString RecordingFiles::workingPathFor(const QString &finalPath)
 {
     const QFileInfo info(finalPath);
-    return QDir(info.path()).filePath(
-        QStringLiteral(".%1.recording.%2").arg(info.completeBaseName(), info.suffix()));
+    return QDir(info.path())
+        .filePath(QStringLiteral(".%1.recording.%2").arg(info.completeBaseName(), info.suffix()));
 }
 
 QString RecordingFiles::metadataPathFor(const QString &videoPath)
@@ -79,22 +79,22 @@ bool RecordingFiles::writeRecoveryManifest(const Manifest &manifest)
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return false;
-    const QJsonObject rect{{QStringLiteral("x"), manifest.captureRect.x()},
-                           {QStringLiteral("y"), manifest.captureRect.y()},
-                           {QStringLiteral("width"), manifest.captureRect.width()},
-                           {QStringLiteral("height"), manifest.captureRect.height()}};
-    const QJsonObject object{
-        {QStringLiteral("version"), 1},
-        {QStringLiteral("recordingId"), manifest.recordingId},
-        {QStringLiteral("status"), QStringLiteral("recording")},
-        {QStringLiteral("createdAtUtc"), utcNow()},
-        {QStringLiteral("finalPath"), QFileInfo(manifest.finalPath).absoluteFilePath()},
-        {QStringLiteral("workingPath"), QFileInfo(manifest.workingPath).absoluteFilePath()},
-        {QStringLiteral("finalMetadataPath"), manifest.finalMetadataPath},
-        {QStringLiteral("workingMetadataPath"), manifest.workingMetadataPath},
-        {QStringLiteral("fps"), 30},
-        {QStringLiteral("qualityPreset"), manifest.qualityPreset},
-        {QStringLiteral("captureRect"), rect},
+    const QJsonObject rect { { QStringLiteral("x"), manifest.captureRect.x() },
+                             { QStringLiteral("y"), manifest.captureRect.y() },
+                             { QStringLiteral("width"), manifest.captureRect.width() },
+                             { QStringLiteral("height"), manifest.captureRect.height() } };
+    const QJsonObject object {
+        { QStringLiteral("version"), 1 },
+        { QStringLiteral("recordingId"), manifest.recordingId },
+        { QStringLiteral("status"), QStringLiteral("recording") },
+        { QStringLiteral("createdAtUtc"), utcNow() },
+        { QStringLiteral("finalPath"), QFileInfo(manifest.finalPath).absoluteFilePath() },
+        { QStringLiteral("workingPath"), QFileInfo(manifest.workingPath).absoluteFilePath() },
+        { QStringLiteral("finalMetadataPath"), manifest.finalMetadataPath },
+        { QStringLiteral("workingMetadataPath"), manifest.workingMetadataPath },
+        { QStringLiteral("fps"), 30 },
+        { QStringLiteral("qualityPreset"), manifest.qualityPreset },
+        { QStringLiteral("captureRect"), rect },
     };
     file.write(QJsonDocument(object).toJson(QJsonDocument::Indented));
     file.flush();
@@ -148,21 +148,23 @@ bool RecordingFiles::promoteMetadata(const QString &workingMetadataPath,
     if (workingMetadataPath.isEmpty() || finalMetadataPath.isEmpty())
         return true;
     if (!QFileInfo::exists(workingMetadataPath)) {
-        *error = QStringLiteral("Working metadata file does not exist: %1").arg(workingMetadataPath);
+        *error =
+            QStringLiteral("Working metadata file does not exist: %1").arg(workingMetadataPath);
         return false;
     }
     QDir().mkpath(QFileInfo(finalMetadataPath).absolutePath());
     QFile::remove(finalMetadataPath);
     if (QFile::rename(workingMetadataPath, finalMetadataPath))
         return true;
-    *error = QStringLiteral("Could not rename %1 to %2.").arg(workingMetadataPath, finalMetadataPath);
+    *error =
+        QStringLiteral("Could not rename %1 to %2.").arg(workingMetadataPath, finalMetadataPath);
     return false;
 }
 
 void RecordingFiles::scanRecoverableRecordings(const QString &folder)
 {
     const QDir recovery(QDir(folder).filePath(RecoveryFolder));
-    const QStringList names = recovery.entryList({QLatin1Char('*') + ManifestSuffix},
+    const QStringList names = recovery.entryList({ QLatin1Char('*') + ManifestSuffix },
                                                  QDir::Files | QDir::Hidden, QDir::Unsorted);
     for (const QString &name : names) {
         const QString manifestPath = recovery.filePath(name);

@@ -43,7 +43,8 @@ RecordingManager::~RecordingManager()
         return;
     m_thread->quit();
     if (!m_thread->wait(ShutdownWaitMs)) {
-        qCWarning(lcRecording) << "RecordingWorker did not finish in 6 s \u2014 video may be incomplete.";
+        qCWarning(lcRecording)
+            << "RecordingWorker did not finish in 6 s \u2014 video may be incomplete.";
         // Destroying a running QThread aborts the process; leave it to finish
         // on its own instead.
         m_thread->setParent(nullptr);
@@ -52,7 +53,8 @@ RecordingManager::~RecordingManager()
 
 QString RecordingManager::resolveSaveFolder() const
 {
-    return RecordingFiles::resolveSaveFolder(m_settings ? m_settings->captureSaveFolder() : QString());
+    return RecordingFiles::resolveSaveFolder(m_settings ? m_settings->captureSaveFolder()
+                                                        : QString());
 }
 
 void RecordingManager::start(QScreen *screen)
@@ -85,9 +87,9 @@ void RecordingManager::start(QScreen *screen)
         return;
     }
     const int quality = m_settings ? m_settings->recordQuality() : 1;
-    if (!RecordingFiles::writeRecoveryManifest({m_recordingId, m_finalPath, m_workingPath,
-                                                m_finalMetadataPath, m_workingMetadataPath, rect,
-                                                quality})) {
+    if (!RecordingFiles::writeRecoveryManifest({ m_recordingId, m_finalPath, m_workingPath,
+                                                 m_finalMetadataPath, m_workingMetadataPath, rect,
+                                                 quality })) {
         qCWarning(lcRecording) << "RecordingManager: could not write recovery manifest for"
                                << m_workingPath;
         failStart();
@@ -113,9 +115,8 @@ void RecordingManager::start(QScreen *screen)
     QMetaObject::invokeMethod(
         m_worker,
         [worker = m_worker, working = m_workingPath, metadata = m_workingMetadataPath,
-         id = m_recordingId, rect, quality] {
-            worker->start(working, metadata, id, rect, RecordingFps, quality);
-        },
+         id = m_recordingId, rect,
+         quality] { worker->start(working, metadata, id, rect, RecordingFps, quality); },
         Qt::QueuedConnection);
     setState(Initializing);
 }
@@ -223,15 +224,15 @@ void RecordingManager::onStopped(bool success, const QString &path, const QStrin
                                                 &metadataError)) {
                 metadataOut = m_finalMetadataPath;
             } else {
-                qCWarning(lcRecording) << "RecordingManager: could not promote recording metadata:"
-                                       << metadataError;
+                qCWarning(lcRecording)
+                    << "RecordingManager: could not promote recording metadata:" << metadataError;
             }
             // A saved video with lost cursor data still counts as saved.
             QFile::remove(m_manifestPath);
         } else {
             success = false;
-            qCWarning(lcRecording) << "RecordingManager: could not promote recording:"
-                                   << promoteError;
+            qCWarning(lcRecording)
+                << "RecordingManager: could not promote recording:" << promoteError;
             RecordingFiles::markManifestNeedsRecovery(m_manifestPath, promoteError);
         }
     } else if (!m_manifestPath.isEmpty()) {

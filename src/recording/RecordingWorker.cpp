@@ -43,7 +43,8 @@ void RecordingWorker::start(const QString &outputPath, const QString &metadataPa
     m_clock.start();
 
     if (!metadataPath.isEmpty() && !m_metadataFile.open(metadataPath, recordingId, fps)) {
-        emit startFailed(QStringLiteral("Could not create recording metadata file: %1").arg(metadataPath));
+        emit startFailed(
+            QStringLiteral("Could not create recording metadata file: %1").arg(metadataPath));
         return;
     }
 
@@ -98,7 +99,8 @@ void RecordingWorker::captureFrame()
 
     if (m_metadataFile.isOpen()) {
         m_metadataFile.writeRecord(elapsedMs, m_cursor ? m_cursor->position() : std::nullopt,
-                                   m_captureRect.topLeft(), m_buttons ? m_buttons->buttonMask() : 0);
+                                   m_captureRect.topLeft(),
+                                   m_buttons ? m_buttons->buttonMask() : 0);
     }
 
     QString writeError;

@@ -14,14 +14,14 @@
 struct FakeScript
 {
     QMutex mutex;
-    QSize frameSize{64, 48};
-    QString sessionError;       // ensureSession fails with this
-    QString deliverError;       // deliverFrame fails with this
+    QSize frameSize { 64, 48 };
+    QString sessionError; // ensureSession fails with this
+    QString deliverError; // deliverFrame fails with this
     bool deliverWithoutText = false;
-    QString openError;          // the writer's sink fails to open
-    QString submitError;        // writing a frame fails
-    QString closeError;         // finalising fails
-    bool createFile = true;     // the writer creates the output file
+    QString openError; // the writer's sink fails to open
+    QString submitError; // writing a frame fails
+    QString closeError; // finalising fails
+    bool createFile = true; // the writer creates the output file
     std::optional<QPoint> cursor = QPoint(2000, 30);
     int buttons = 1;
     int deliveries = 0;
@@ -44,7 +44,8 @@ public:
         QMutexLocker lock(&m_script->mutex);
         ++m_script->sessions;
         if (rect.isEmpty() || !m_script->sessionError.isEmpty()) {
-            *error = rect.isEmpty() ? QStringLiteral("No active display found.") : m_script->sessionError;
+            *error = rect.isEmpty() ? QStringLiteral("No active display found.")
+                                    : m_script->sessionError;
             return false;
         }
         session->frameSize = m_script->frameSize;
@@ -65,7 +66,8 @@ public:
             }
             size = m_script->frameSize;
         }
-        auto pixels = std::make_shared<std::vector<unsigned char>>(size_t(size.width()) * size.height() * 4);
+        auto pixels =
+            std::make_shared<std::vector<unsigned char>>(size_t(size.width()) * size.height() * 4);
         CapturedFrame frame;
         frame.size = size;
         frame.bits = pixels->data();
@@ -96,7 +98,8 @@ public:
 protected:
     const char *logName() const override { return "FakeVideoWriter"; }
 
-    bool openSink(const QString &path, const CaptureSession &, const H264Settings &, QString *error) override
+    bool openSink(const QString &path, const CaptureSession &, const H264Settings &,
+                  QString *error) override
     {
         QMutexLocker lock(&m_script->mutex);
         m_script->outputPath = path;
@@ -168,7 +171,7 @@ inline RecordingBackend fakeBackend(const std::shared_ptr<FakeScript> &script,
                                     QRect rect = QRect(1920, 0, 1920, 1080))
 {
     // Every member given, so that no real platform factory is referenced.
-    RecordingBackend backend{
+    RecordingBackend backend {
         [script] { return std::make_unique<FakeFrameSource>(script); },
         [script] { return std::make_unique<FakeVideoWriter>(script); },
         [script] { return std::make_unique<FakeCursorPosition>(script); },

@@ -30,9 +30,9 @@ public:
 
 inline RecordingBackend realBackend()
 {
-    return RecordingBackend{&FrameSource::create, &VideoWriter::create, &CursorPosition::create,
-                            [] { return std::make_unique<NoButtons>(); },
-                            &RecordingBackend::captureRectForScreen};
+    return RecordingBackend { &FrameSource::create, &VideoWriter::create, &CursorPosition::create,
+                              [] { return std::make_unique<NoButtons>(); },
+                              &RecordingBackend::captureRectForScreen };
 }
 
 struct Probe
@@ -53,8 +53,9 @@ inline Probe probe(const QString &path)
     Probe result;
     QProcess ffprobe;
     ffprobe.start(QStringLiteral("ffprobe"),
-                  {"-v", "error", "-select_streams", "v:0", "-show_entries",
-                   "stream=codec_name,width,height,r_frame_rate:packet=pts_time", "-of", "json", path});
+                  { "-v", "error", "-select_streams", "v:0", "-show_entries",
+                    "stream=codec_name,width,height,r_frame_rate:packet=pts_time", "-of", "json",
+                    path });
     if (!ffprobe.waitForFinished(60000) || ffprobe.exitCode() != 0) {
         result.error = QString::fromUtf8(ffprobe.readAllStandardError());
         return result;
@@ -68,7 +69,8 @@ inline Probe probe(const QString &path)
     const QJsonArray packets = json.value("packets").toArray();
     result.frames = int(packets.size());
     for (const QJsonValue &packet : packets)
-        result.lastPacketSeconds = qMax(result.lastPacketSeconds, packet.toObject().value("pts_time").toString().toDouble());
+        result.lastPacketSeconds = qMax(result.lastPacketSeconds,
+                                        packet.toObject().value("pts_time").toString().toDouble());
     return result;
 }
 

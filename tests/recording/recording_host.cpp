@@ -28,14 +28,15 @@ int main(int argc, char *argv[])
         return 3;
     PatternWindow pattern(screen);
     pattern.show();
-    QObject::connect(&manager, &RecordingManager::stateChanged, &app, [](RecordingManager::State state) {
-        if (state == RecordingManager::Recording) {
-            std::printf("RECORDING\n");
-            std::fflush(stdout);
-        } else if (state == RecordingManager::Failed) {
-            QCoreApplication::exit(4);
-        }
-    });
+    QObject::connect(&manager, &RecordingManager::stateChanged, &app,
+                     [](RecordingManager::State state) {
+                         if (state == RecordingManager::Recording) {
+                             std::printf("RECORDING\n");
+                             std::fflush(stdout);
+                         } else if (state == RecordingManager::Failed) {
+                             QCoreApplication::exit(4);
+                         }
+                     });
     manager.start(screen);
     return app.exec();
 }

@@ -36,7 +36,12 @@ class TestFrameHandOver : public QObject
     {
         std::optional<int> got;
         QString ignored;
-        handOver.take([&](int f) { got = f; return true; }, error ? error : &ignored, wait);
+        handOver.take(
+            [&](int f) {
+                got = f;
+                return true;
+            },
+            error ? error : &ignored, wait);
         return got;
     }
 
@@ -101,7 +106,12 @@ private slots:
         HandOver handOver;
         deliver(handOver, 1);
         QString error;
-        QVERIFY(!handOver.take([&](int) { error = QStringLiteral("copy failed"); return false; }, &error));
+        QVERIFY(!handOver.take(
+            [&](int) {
+                error = QStringLiteral("copy failed");
+                return false;
+            },
+            &error));
         QCOMPARE(error, QStringLiteral("copy failed"));
         QCOMPARE(handOver.stats().copiedForEncoder, quint64(0));
         QCOMPARE(takeNow(handOver), std::nullopt);

@@ -49,7 +49,7 @@ class TestRecordingX11 : public QObject
 
     static QString onlyFile(const QString &dir, const QString &pattern)
     {
-        const QStringList names = QDir(dir).entryList({pattern}, QDir::Files | QDir::Hidden);
+        const QStringList names = QDir(dir).entryList({ pattern }, QDir::Files | QDir::Hidden);
         return names.size() == 1 ? QDir(dir).filePath(names.first()) : QString();
     }
 
@@ -144,14 +144,16 @@ private slots:
         const QJsonObject header = QJsonDocument::fromJson(lines.first()).object();
         QCOMPARE(header.value("type").toString(), QStringLiteral("glimmora-recording-metadata"));
         const int records = int(lines.size()) - 2; // header and the empty tail
-        QVERIFY2(qAbs(records - p.frames) <= 2,
-                 qPrintable(QStringLiteral("%1 cursor lines, %2 frames").arg(records).arg(p.frames)));
+        QVERIFY2(
+            qAbs(records - p.frames) <= 2,
+            qPrintable(QStringLiteral("%1 cursor lines, %2 frames").arg(records).arg(p.frames)));
         const QJsonObject record = QJsonDocument::fromJson(lines.at(1)).object();
         QCOMPARE(record.value("type").toString(), QStringLiteral("cursor"));
         QVERIFY(record.contains("x") && record.contains("relativeX"));
         QCOMPARE(record.value("x").toInt() - record.value("relativeX").toInt(), 1920);
 
-        QVERIFY(QDir(folder() + QStringLiteral("/.glimmora/recovery")).isEmpty(QDir::Files | QDir::Hidden));
+        QVERIFY(QDir(folder() + QStringLiteral("/.glimmora/recovery"))
+                    .isEmpty(QDir::Files | QDir::Hidden));
         QCOMPARE(filesUnder(folder()).size(), 2);
     }
 
@@ -161,7 +163,8 @@ private slots:
             if (!mountTmpfs(folder(), QStringLiteral("size=1m,mode=0755")))
                 QSKIP("could not mount a tmpfs for the read-only folder");
             QVERIFY(::mount(nullptr, folder().toLocal8Bit().constData(), nullptr,
-                            MS_REMOUNT | MS_RDONLY, nullptr) == 0);
+                            MS_REMOUNT | MS_RDONLY, nullptr)
+                    == 0);
         } else {
             QDir().mkpath(folder());
             QFile::setPermissions(folder(), QFileDevice::ReadOwner | QFileDevice::ExeOwner);
@@ -173,7 +176,10 @@ private slots:
         QCOMPARE(manager.state(), RecordingManager::Failed);
         QCOMPARE(finished.size(), 1);
         QCOMPARE(finished.first().at(0).toBool(), false);
-        QCOMPARE(log.matching(QStringLiteral("RecordingManager: could not write recovery manifest for")).size(), 1);
+        QCOMPARE(
+            log.matching(QStringLiteral("RecordingManager: could not write recovery manifest for"))
+                .size(),
+            1);
         QVERIFY(filesUnder(folder()).isEmpty());
     }
 
@@ -213,9 +219,9 @@ private slots:
         waitForRecording(manager);
         QTest::qWait(2000);
         m_pattern.reset();
-        QCOMPARE(xrandr({"--delmonitor", "RIGHT"}), 0);
+        QCOMPARE(xrandr({ "--delmonitor", "RIGHT" }), 0);
         const auto restore = qScopeGuard([] {
-            xrandr({"--setmonitor", "RIGHT", "1920/508x1080/286+1920+0", "none"});
+            xrandr({ "--setmonitor", "RIGHT", "1920/508x1080/286+1920+0", "none" });
         });
         QVERIFY(removed.wait(5000));
         m_right = nullptr;
@@ -225,7 +231,8 @@ private slots:
         const Probe p = probe(finished.first().at(1).toString());
         QVERIFY2(p.error.isEmpty(), qPrintable(p.error));
         QCOMPARE(p.codec, QStringLiteral("h264"));
-        QVERIFY2(p.frames > 0 && p.lastPacketSeconds >= 1.5, qPrintable(QString::number(p.lastPacketSeconds)));
+        QVERIFY2(p.frames > 0 && p.lastPacketSeconds >= 1.5,
+                 qPrintable(QString::number(p.lastPacketSeconds)));
     }
 
     void killedRecordingStaysPlayableAndIsReported()
@@ -236,13 +243,14 @@ private slots:
         m_pattern.reset();
         QProcess recorder;
         recorder.setProcessEnvironment(env);
-        recorder.start(host, {QStringLiteral("record"), folder()});
+        recorder.start(host, { QStringLiteral("record"), folder() });
         QVERIFY(recorder.waitForStarted());
         QByteArray out;
         QTRY_VERIFY_WITH_TIMEOUT((out += recorder.readAllStandardOutput()).contains("RECORDING")
                                      || recorder.state() == QProcess::NotRunning,
                                  20000);
-        QVERIFY2(out.contains("RECORDING"), recorder.readAllStandardError().right(3000).constData());
+        QVERIFY2(out.contains("RECORDING"),
+                 recorder.readAllStandardError().right(3000).constData());
         QTest::qWait(10000);
         ::kill(pid_t(recorder.processId()), SIGKILL);
         QVERIFY(recorder.waitForFinished(5000));
@@ -257,11 +265,12 @@ private slots:
 
         QProcess scan;
         scan.setProcessEnvironment(env);
-        scan.start(host, {QStringLiteral("scan"), folder()});
+        scan.start(host, { QStringLiteral("scan"), folder() });
         QVERIFY(scan.waitForFinished(15000));
         QCOMPARE(scan.exitCode(), 0);
         const QString log = QString::fromUtf8(scan.readAllStandardError());
-        QVERIFY2(log.contains(QStringLiteral("RecordingManager: recoverable recording found")), qPrintable(log));
+        QVERIFY2(log.contains(QStringLiteral("RecordingManager: recoverable recording found")),
+                 qPrintable(log));
         QVERIFY(log.contains(working));
     }
 };

@@ -54,11 +54,14 @@ private slots:
         QCOMPARE(RecordingFiles::metadataPathFor(final),
                  QStringLiteral("/v/.glimmora/metadata/Glimmora-20260131-093005.mp4.cursor.jsonl"));
         QCOMPARE(RecordingFiles::metadataPathFor(working),
-                 QStringLiteral("/v/.glimmora/metadata/.Glimmora-20260131-093005.recording.mp4.cursor.jsonl"));
+                 QStringLiteral(
+                     "/v/.glimmora/metadata/.Glimmora-20260131-093005.recording.mp4.cursor.jsonl"));
         QCOMPARE(RecordingFiles::manifestPathFor(working),
-                 QStringLiteral("/v/.glimmora/recovery/.Glimmora-20260131-093005.recording.mp4.glimmora-recovery.json"));
-        QCOMPARE(RecordingFiles::workingPathFor(QStringLiteral("/v/Glimmora-20260131-093005-2.mp4")),
-                 QStringLiteral("/v/.Glimmora-20260131-093005-2.recording.mp4"));
+                 QStringLiteral("/v/.glimmora/recovery/"
+                                ".Glimmora-20260131-093005.recording.mp4.glimmora-recovery.json"));
+        QCOMPARE(
+            RecordingFiles::workingPathFor(QStringLiteral("/v/Glimmora-20260131-093005-2.mp4")),
+            QStringLiteral("/v/.Glimmora-20260131-093005-2.recording.mp4"));
     }
 
     void finalPathAvoidsCollisions()
@@ -77,7 +80,8 @@ private slots:
                  QStringLiteral("Glimmora-20260131-093005-3.mp4"));
         // Only the final name counts: a working file of the same time does not.
         QTemporaryDir other;
-        touch(RecordingFiles::workingPathFor(other.filePath(QStringLiteral("Glimmora-20260131-093005.mp4"))));
+        touch(RecordingFiles::workingPathFor(
+            other.filePath(QStringLiteral("Glimmora-20260131-093005.mp4"))));
         QCOMPARE(QFileInfo(RecordingFiles::makeFinalPath(other.path(), when)).fileName(),
                  QStringLiteral("Glimmora-20260131-093005.mp4"));
     }
@@ -87,9 +91,11 @@ private slots:
         QTest::addColumn<QString>("setting");
         QTest::addColumn<QString>("folder");
         const QString home = QDir::homePath();
-        QTest::newRow("tilde slash is home") << QStringLiteral("  ~/Videos ") << home + QStringLiteral("/Videos");
+        QTest::newRow("tilde slash is home")
+            << QStringLiteral("  ~/Videos ") << home + QStringLiteral("/Videos");
         QTest::newRow("bare tilde is literal") << QStringLiteral("~") << QStringLiteral("~");
-        QTest::newRow("absolute is kept") << QStringLiteral("/srv/rec") << QStringLiteral("/srv/rec");
+        QTest::newRow("absolute is kept")
+            << QStringLiteral("/srv/rec") << QStringLiteral("/srv/rec");
         QTest::newRow("empty is the download folder")
             << QString() << QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
     }
@@ -116,10 +122,11 @@ private slots:
         QCOMPARE(json.value("fps").toInt(), 30);
         QCOMPARE(json.value("qualityPreset").toInt(), 2);
         const QJsonObject rect = json.value("captureRect").toObject();
-        QCOMPARE(QRect(rect.value("x").toInt(), rect.value("y").toInt(), rect.value("width").toInt(),
-                       rect.value("height").toInt()),
+        QCOMPARE(QRect(rect.value("x").toInt(), rect.value("y").toInt(),
+                       rect.value("width").toInt(), rect.value("height").toInt()),
                  m.captureRect);
-        QVERIFY(QDateTime::fromString(json.value("createdAtUtc").toString(), Qt::ISODateWithMs).isValid());
+        QVERIFY(QDateTime::fromString(json.value("createdAtUtc").toString(), Qt::ISODateWithMs)
+                    .isValid());
         QVERIFY(!json.contains("error"));
     }
 
@@ -136,13 +143,14 @@ private slots:
         QTest::addColumn<QByteArray>("before"); // empty: no file
         QTest::addColumn<QStringList>("keys");
         QTest::newRow("a deleted manifest comes back with three keys")
-            << QByteArray() << QStringList{"error", "status", "updatedAtUtc"};
+            << QByteArray() << QStringList { "error", "status", "updatedAtUtc" };
         QTest::newRow("a corrupt manifest is replaced")
-            << QByteArray("{not json") << QStringList{"error", "status", "updatedAtUtc"};
-        QTest::newRow("a JSON array is replaced") << QByteArray("[1,2]") << QStringList{"error", "status", "updatedAtUtc"};
+            << QByteArray("{not json") << QStringList { "error", "status", "updatedAtUtc" };
+        QTest::newRow("a JSON array is replaced")
+            << QByteArray("[1,2]") << QStringList { "error", "status", "updatedAtUtc" };
         QTest::newRow("a good manifest keeps its keys")
             << QByteArray(R"({"version":1,"workingPath":"/w","status":"recording"})")
-            << QStringList{"error", "status", "updatedAtUtc", "version", "workingPath"};
+            << QStringList { "error", "status", "updatedAtUtc", "version", "workingPath" };
     }
 
     void marking()
@@ -167,8 +175,12 @@ private slots:
         QTemporaryDir dir;
         touch(dir.filePath(QStringLiteral("blocker")));
         LogCapture log;
-        RecordingFiles::markManifestNeedsRecovery(dir.filePath(QStringLiteral("blocker/m.json")), QString());
-        QCOMPARE(log.matching(QStringLiteral("RecordingManager: could not update recovery manifest")).size(), 1);
+        RecordingFiles::markManifestNeedsRecovery(dir.filePath(QStringLiteral("blocker/m.json")),
+                                                  QString());
+        QCOMPARE(
+            log.matching(QStringLiteral("RecordingManager: could not update recovery manifest"))
+                .size(),
+            1);
         RecordingFiles::markManifestNeedsRecovery(QString(), QStringLiteral("ignored"));
         QCOMPARE(log.messages().size(), 1);
     }
@@ -180,16 +192,26 @@ private slots:
         QTest::addColumn<QString>("final");
         QTest::addColumn<bool>("ok");
         QTest::addColumn<QString>("error");
-        QTest::newRow("video: empty path") << false << QString() << "F" << false << "Missing recording output path.";
+        QTest::newRow("video: empty path")
+            << false << QString() << "F" << false << "Missing recording output path.";
         QTest::newRow("video: working file missing")
-            << false << "missing" << "F" << false << "Working recording file does not exist: %1";
-        QTest::newRow("video: rename blocked") << false << "W" << "blocker/F" << false << "Could not rename %1 to %2.";
-        QTest::newRow("video: replaces an existing final file") << false << "W" << "existing" << true << QString();
-        QTest::newRow("metadata: empty paths are not a failure") << true << QString() << "F" << true << QString();
+            << false << "missing"
+            << "F" << false << "Working recording file does not exist: %1";
+        QTest::newRow("video: rename blocked")
+            << false << "W"
+            << "blocker/F" << false << "Could not rename %1 to %2.";
+        QTest::newRow("video: replaces an existing final file") << false << "W"
+                                                                << "existing" << true << QString();
+        QTest::newRow("metadata: empty paths are not a failure")
+            << true << QString() << "F" << true << QString();
         QTest::newRow("metadata: working file missing")
-            << true << "missing" << "F" << false << "Working metadata file does not exist: %1";
-        QTest::newRow("metadata: creates the final folder") << true << "W" << "sub/dir/F" << true << QString();
-        QTest::newRow("metadata: rename blocked") << true << "W" << "blocker/F" << false << "Could not rename %1 to %2.";
+            << true << "missing"
+            << "F" << false << "Working metadata file does not exist: %1";
+        QTest::newRow("metadata: creates the final folder") << true << "W"
+                                                            << "sub/dir/F" << true << QString();
+        QTest::newRow("metadata: rename blocked")
+            << true << "W"
+            << "blocker/F" << false << "Could not rename %1 to %2.";
     }
 
     void promotion()
@@ -206,8 +228,9 @@ private slots:
         const QString workingPath = working.isEmpty() ? QString() : dir.filePath(working);
         const QString finalPath = dir.filePath(final);
         QString got;
-        const bool result = metadata ? RecordingFiles::promoteMetadata(workingPath, finalPath, &got)
-                                     : RecordingFiles::promoteRecording(workingPath, finalPath, &got);
+        const bool result = metadata
+            ? RecordingFiles::promoteMetadata(workingPath, finalPath, &got)
+            : RecordingFiles::promoteRecording(workingPath, finalPath, &got);
         QCOMPARE(result, ok);
         if (!ok) {
             QString expected = error;
@@ -230,23 +253,27 @@ private slots:
         const RecordingFiles::Manifest live = manifestIn(dir.path());
         QVERIFY(RecordingFiles::writeRecoveryManifest(live));
         touch(live.workingPath);
-        RecordingFiles::markManifestNeedsRecovery(RecordingFiles::manifestPathFor(live.workingPath), "x");
+        RecordingFiles::markManifestNeedsRecovery(RecordingFiles::manifestPathFor(live.workingPath),
+                                                  "x");
 
         RecordingFiles::Manifest gone = manifestIn(dir.path());
         gone.finalPath = dir.filePath(QStringLiteral("Glimmora-20250101-000000.mp4"));
         gone.workingPath = RecordingFiles::workingPathFor(gone.finalPath);
         QVERIFY(RecordingFiles::writeRecoveryManifest(gone));
-        touch(dir.filePath(QStringLiteral(".glimmora/recovery/.broken.recording.mp4.glimmora-recovery.json")),
+        touch(dir.filePath(QStringLiteral(
+                  ".glimmora/recovery/.broken.recording.mp4.glimmora-recovery.json")),
               "{corrupt");
         touch(dir.filePath(QStringLiteral(".glimmora/recovery/notes.txt")), "{}");
 
         LogCapture log;
         RecordingFiles::scanRecoverableRecordings(dir.path());
-        const QStringList found = log.matching(QStringLiteral("RecordingManager: recoverable recording found"));
+        const QStringList found =
+            log.matching(QStringLiteral("RecordingManager: recoverable recording found"));
         QCOMPARE(found.size(), 1);
         const QString line = found.first();
-        for (const QString &part : {live.workingPath, live.finalPath, live.recordingId, live.workingMetadataPath,
-                                    RecordingFiles::manifestPathFor(live.workingPath)}) {
+        for (const QString &part :
+             { live.workingPath, live.finalPath, live.recordingId, live.workingMetadataPath,
+               RecordingFiles::manifestPathFor(live.workingPath) }) {
             QVERIFY2(line.contains(part), qPrintable(line));
         }
         QCOMPARE(log.messages().size(), 1);

@@ -46,7 +46,7 @@ class TestRecordingManager : public QObject
 
     QString workingVideo() const
     {
-        const QStringList names = QDir(folder()).entryList({QStringLiteral(".*.recording.mp4")},
+        const QStringList names = QDir(folder()).entryList({ QStringLiteral(".*.recording.mp4") },
                                                            QDir::Files | QDir::Hidden);
         return names.size() == 1 ? QDir(folder()).filePath(names.first()) : QString();
     }
@@ -115,17 +115,19 @@ private slots:
         QCOMPARE(manager.state(), RecordingManager::Saving);
         QVERIFY(finished.wait(3000));
         QCOMPARE(manager.state(), RecordingManager::Idle);
-        QCOMPARE(states(stateSpy), (QList<int>{5, 1, 3, 0}));
+        QCOMPARE(states(stateSpy), (QList<int> { 5, 1, 3, 0 }));
         QCOMPARE(finished.size(), 1);
         QVERIFY(finished.first().at(0).toBool());
         const QString finalPath = finished.first().at(1).toString();
         QCOMPARE(RecordingFiles::workingPathFor(finalPath), working);
         QCOMPARE(filesUnder(folder()),
-                 (QStringList{".glimmora/metadata/" + QFileInfo(finalPath).fileName() + ".cursor.jsonl",
-                              QFileInfo(finalPath).fileName()}));
+                 (QStringList { ".glimmora/metadata/" + QFileInfo(finalPath).fileName()
+                                    + ".cursor.jsonl",
+                                QFileInfo(finalPath).fileName() }));
         QCOMPARE(log.matching(QStringLiteral("RecordingManager: metadata saved")).size(), 1);
-        QVERIFY(log.matching(QStringLiteral("RecordingManager: metadata saved")).first().contains(
-            RecordingFiles::metadataPathFor(finalPath)));
+        QVERIFY(log.matching(QStringLiteral("RecordingManager: metadata saved"))
+                    .first()
+                    .contains(RecordingFiles::metadataPathFor(finalPath)));
     }
 
     void secondStartOnlyLogs()
@@ -137,12 +139,15 @@ private slots:
         LogCapture log;
         manager.start();
         QCOMPARE(manager.state(), RecordingManager::Recording);
-        QCOMPARE(log.matching(QStringLiteral("RecordingManager: cannot start \u2014 already in state 1")).size(), 1);
+        QCOMPARE(
+            log.matching(QStringLiteral("RecordingManager: cannot start \u2014 already in state 1"))
+                .size(),
+            1);
         manager.togglePause();
         manager.start();
         QCOMPARE(log.matching(QStringLiteral("already in state 2")).size(), 1);
         QCOMPARE(finished.size(), 0);
-        QCOMPARE(states(stateSpy), QList<int>{2});
+        QCOMPARE(states(stateSpy), QList<int> { 2 });
         manager.stop();
         QVERIFY(finished.wait(3000));
     }
@@ -169,7 +174,8 @@ private slots:
         QTest::addColumn<bool>("noScreen");
         QTest::addColumn<bool>("blockFolder");
         QTest::addColumn<QString>("logLine");
-        QTest::newRow("no screen at all") << true << false << "RecordingManager: no active display found.";
+        QTest::newRow("no screen at all")
+            << true << false << "RecordingManager: no active display found.";
         QTest::newRow("manifest cannot be written")
             << false << true << "RecordingManager: could not write recovery manifest for";
     }
@@ -210,14 +216,14 @@ private slots:
         manager.start();
         QVERIFY(finished.wait(3000));
         QCOMPARE(manager.state(), RecordingManager::Failed);
-        QCOMPARE(states(stateSpy), (QList<int>{5, 4}));
+        QCOMPARE(states(stateSpy), (QList<int> { 5, 4 }));
         QCOMPARE(finished.first().at(0).toBool(), false);
         QCOMPARE(log.matching(QStringLiteral("Recorder::start failed:")).size(), 1);
         const QStringList manifests = QDir(folder() + QStringLiteral("/.glimmora/recovery"))
                                           .entryList(QDir::Files | QDir::Hidden);
         QCOMPARE(manifests.size(), 1);
-        const QJsonObject json
-            = readJson(folder() + QStringLiteral("/.glimmora/recovery/") + manifests.first());
+        const QJsonObject json =
+            readJson(folder() + QStringLiteral("/.glimmora/recovery/") + manifests.first());
         QCOMPARE(json.value("status").toString(), QStringLiteral("needs-recovery"));
         QCOMPARE(json.value("error").toString(), m_script->sessionError);
 
@@ -241,7 +247,7 @@ private slots:
         manager.stop();
         QCOMPARE(manager.state(), RecordingManager::Saving);
         QVERIFY(finished.wait(3000));
-        QCOMPARE(states(stateSpy), (QList<int>{5, 3, 0}));
+        QCOMPARE(states(stateSpy), (QList<int> { 5, 3, 0 }));
         QVERIFY2(elapsedSpy.isEmpty(), "a late started is ignored");
         QVERIFY(finished.first().at(0).toBool());
         QVERIFY(QFileInfo::exists(finished.first().at(1).toString()));
@@ -268,7 +274,8 @@ private slots:
         QTest::addColumn<QString>("closeError");
         QTest::addColumn<bool>("blockVideo");
         QTest::addColumn<QString>("logLine");
-        QTest::newRow("finalising fails") << "could not write the index" << false << "Recorder::finish failed:";
+        QTest::newRow("finalising fails")
+            << "could not write the index" << false << "Recorder::finish failed:";
         QTest::newRow("the final name is taken by a folder")
             << QString() << true << "RecordingManager: could not promote recording:";
     }
@@ -283,8 +290,9 @@ private slots:
         QSignalSpy finished(&manager, &RecordingManager::finished);
         startRecording(manager);
         const QString working = workingVideo();
-        const QString final = QFileInfo(working).dir().filePath(
-            QFileInfo(working).fileName().mid(1).replace(QStringLiteral(".recording.mp4"), QStringLiteral(".mp4")));
+        const QString final =
+            QFileInfo(working).dir().filePath(QFileInfo(working).fileName().mid(1).replace(
+                QStringLiteral(".recording.mp4"), QStringLiteral(".mp4")));
         if (blockVideo)
             blockWithDirectory(final);
         LogCapture log;
@@ -310,8 +318,9 @@ private slots:
         QSignalSpy finished(&manager, &RecordingManager::finished);
         startRecording(manager);
         const QString working = workingVideo();
-        const QString final = QFileInfo(working).dir().filePath(
-            QFileInfo(working).fileName().mid(1).replace(QStringLiteral(".recording.mp4"), QStringLiteral(".mp4")));
+        const QString final =
+            QFileInfo(working).dir().filePath(QFileInfo(working).fileName().mid(1).replace(
+                QStringLiteral(".recording.mp4"), QStringLiteral(".mp4")));
         blockWithDirectory(RecordingFiles::metadataPathFor(final));
         LogCapture log;
         manager.stop();
@@ -320,7 +329,10 @@ private slots:
         QVERIFY(finished.first().at(0).toBool());
         QCOMPARE(finished.first().at(1).toString(), final);
         QVERIFY(!QFileInfo::exists(RecordingFiles::manifestPathFor(working)));
-        QCOMPARE(log.matching(QStringLiteral("RecordingManager: could not promote recording metadata:")).size(), 1);
+        QCOMPARE(
+            log.matching(QStringLiteral("RecordingManager: could not promote recording metadata:"))
+                .size(),
+            1);
         const QStringList saved = log.matching(QStringLiteral("RecordingManager: metadata saved"));
         QCOMPARE(saved.size(), 1);
         QCOMPARE(saved.first(), QStringLiteral("RecordingManager: metadata saved \"\""));
@@ -336,7 +348,7 @@ private slots:
         manager.start();
         QCOMPARE(manager.state(), RecordingManager::Failed);
         manager.stop();
-        QCOMPARE(states(stateSpy), (QList<int>{4, 3, 4}));
+        QCOMPARE(states(stateSpy), (QList<int> { 4, 3, 4 }));
         QCOMPARE(finished.size(), 2);
     }
 
@@ -355,7 +367,8 @@ private slots:
 
         LogCapture log;
         RecordingManager next(m_settings.get(), fakeBackend(m_script));
-        const QStringList found = log.matching(QStringLiteral("RecordingManager: recoverable recording found"));
+        const QStringList found =
+            log.matching(QStringLiteral("RecordingManager: recoverable recording found"));
         QCOMPARE(found.size(), 1);
         QVERIFY(found.first().contains(working));
     }

@@ -24,7 +24,7 @@ class TestRecordingWorker : public QObject
         return lines;
     }
 
-    const QRect m_rect{1920, 0, 1920, 1080};
+    const QRect m_rect { 1920, 0, 1920, 1080 };
 
 private slots:
     void recordsFramesAndCursorLines()
@@ -47,8 +47,10 @@ private slots:
 
         const QList<QJsonObject> lines = readLines(metadata);
         QVERIFY(lines.size() >= 7);
-        QCOMPARE(lines.first().value("type").toString(), QStringLiteral("glimmora-recording-metadata"));
-        QCOMPARE(lines.first().value("coordinateSpace").toString(), QStringLiteral("global-screen"));
+        QCOMPARE(lines.first().value("type").toString(),
+                 QStringLiteral("glimmora-recording-metadata"));
+        QCOMPARE(lines.first().value("coordinateSpace").toString(),
+                 QStringLiteral("global-screen"));
         QCOMPARE(lines.first().value("recordingId").toString(), QStringLiteral("id-1"));
         const RecordingWorker::Stats stats = worker.stats();
         QCOMPARE(qint64(lines.size() - 1), stats.capturedFrames);
@@ -79,14 +81,15 @@ private slots:
         script->cursor.reset();
         RecordingWorker worker(fakeBackend(script));
         const QString metadata = dir.filePath(QStringLiteral("c.jsonl"));
-        worker.start(dir.filePath(QStringLiteral("v.mp4")), metadata, QStringLiteral("id"), m_rect, 30, 1);
+        worker.start(dir.filePath(QStringLiteral("v.mp4")), metadata, QStringLiteral("id"), m_rect,
+                     30, 1);
         QTRY_VERIFY(worker.stats().capturedFrames >= 1);
         worker.finish();
         const QList<QJsonObject> lines = readLines(metadata);
         QVERIFY(lines.size() >= 2);
         QStringList keys = lines.at(1).keys();
         keys.sort();
-        QCOMPARE(keys, (QStringList{"buttons", "recordingId", "tMs", "type"}));
+        QCOMPARE(keys, (QStringList { "buttons", "recordingId", "tMs", "type" }));
     }
 
     void withoutMetadataPathNoCursorFile()
@@ -94,10 +97,11 @@ private slots:
         QTemporaryDir dir;
         auto script = std::make_shared<FakeScript>();
         RecordingWorker worker(fakeBackend(script));
-        worker.start(dir.filePath(QStringLiteral("v.mp4")), QString(), QStringLiteral("id"), m_rect, 30, 1);
+        worker.start(dir.filePath(QStringLiteral("v.mp4")), QString(), QStringLiteral("id"), m_rect,
+                     30, 1);
         QTRY_VERIFY(worker.stats().writtenFrames >= 2);
         worker.finish();
-        QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"v.mp4"});
+        QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList { "v.mp4" });
     }
 
     void startFailures_data()
@@ -106,11 +110,12 @@ private slots:
         QTest::addColumn<QString>("openError");
         QTest::addColumn<bool>("blockedMetadata");
         QTest::addColumn<QString>("error");
-        QTest::newRow("capture session") << "Capture area is not on the screen." << QString() << false
-                                         << "Capture area is not on the screen.";
-        QTest::newRow("writer") << QString() << "Could not open file." << false << "Could not open file.";
-        QTest::newRow("cursor file") << QString() << QString() << true
-                                     << "Could not create recording metadata file: %1";
+        QTest::newRow("capture session") << "Capture area is not on the screen." << QString()
+                                         << false << "Capture area is not on the screen.";
+        QTest::newRow("writer") << QString() << "Could not open file." << false
+                                << "Could not open file.";
+        QTest::newRow("cursor file")
+            << QString() << QString() << true << "Could not create recording metadata file: %1";
     }
 
     void startFailures()
@@ -158,9 +163,11 @@ private slots:
         QSignalSpy stopped(&worker, &RecordingWorker::stopped);
         const QString video = dir.filePath(QStringLiteral("v.mp4"));
         worker.start(video, QString(), QStringLiteral("id"), m_rect, 30, 1);
-        worker.start(dir.filePath(QStringLiteral("w.mp4")), QString(), QStringLiteral("id2"), m_rect, 30, 1);
+        worker.start(dir.filePath(QStringLiteral("w.mp4")), QString(), QStringLiteral("id2"),
+                     m_rect, 30, 1);
         QCOMPARE(startFailed.size(), 1);
-        QCOMPARE(startFailed.first().first().toString(), QStringLiteral("Recorder already started."));
+        QCOMPARE(startFailed.first().first().toString(),
+                 QStringLiteral("Recorder already started."));
         const qint64 before = worker.stats().writtenFrames;
         QTRY_VERIFY(worker.stats().writtenFrames > before + 2);
         worker.finish();
@@ -174,9 +181,11 @@ private slots:
         QTest::addColumn<QString>("deliverError");
         QTest::addColumn<bool>("silent");
         QTest::addColumn<QString>("message");
-        QTest::newRow("writer's error first") << "encoder gone" << QString() << false << "encoder gone";
+        QTest::newRow("writer's error first")
+            << "encoder gone" << QString() << false << "encoder gone";
         QTest::newRow("then the source's") << QString() << "no frame" << false << "no frame";
-        QTest::newRow("else a fixed text") << QString() << QString() << true << "Recording frame capture failed.";
+        QTest::newRow("else a fixed text")
+            << QString() << QString() << true << "Recording frame capture failed.";
     }
 
     void frameFailureMessages()
@@ -192,7 +201,8 @@ private slots:
         RecordingWorker worker(fakeBackend(script));
         QSignalSpy failed(&worker, &RecordingWorker::failed);
         QSignalSpy stopped(&worker, &RecordingWorker::stopped);
-        worker.start(dir.filePath(QStringLiteral("v.mp4")), QString(), QStringLiteral("id"), m_rect, 30, 1);
+        worker.start(dir.filePath(QStringLiteral("v.mp4")), QString(), QStringLiteral("id"), m_rect,
+                     30, 1);
         QVERIFY(failed.wait(2000));
         QTEST(failed.first().first().toString(), "message");
         QCOMPARE(stopped.size(), 0);
@@ -207,7 +217,8 @@ private slots:
         script->closeError = QStringLiteral("could not write the index");
         RecordingWorker worker(fakeBackend(script));
         QSignalSpy stopped(&worker, &RecordingWorker::stopped);
-        worker.start(dir.filePath(QStringLiteral("v.mp4")), QString(), QStringLiteral("id"), m_rect, 30, 1);
+        worker.start(dir.filePath(QStringLiteral("v.mp4")), QString(), QStringLiteral("id"), m_rect,
+                     30, 1);
         worker.finish();
         QCOMPARE(stopped.size(), 1);
         QCOMPARE(stopped.first().at(0).toBool(), false);
@@ -220,7 +231,8 @@ private slots:
         QTemporaryDir dir;
         auto script = std::make_shared<FakeScript>();
         RecordingWorker worker(fakeBackend(script));
-        worker.start(dir.filePath(QStringLiteral("v.mp4")), QString(), QStringLiteral("id"), m_rect, 30, 1);
+        worker.start(dir.filePath(QStringLiteral("v.mp4")), QString(), QStringLiteral("id"), m_rect,
+                     30, 1);
         QTRY_VERIFY(worker.stats().writtenFrames >= 2);
         worker.pause();
         const qint64 written = worker.stats().writtenFrames;
@@ -229,7 +241,8 @@ private slots:
         QCOMPARE(worker.stats().writtenFrames, written);
         worker.resume();
         QTRY_VERIFY(worker.stats().writtenFrames > written);
-        QVERIFY2(worker.stats().droppedFrames >= dropped + 9, "the pause is counted as dropped frames");
+        QVERIFY2(worker.stats().droppedFrames >= dropped + 9,
+                 "the pause is counted as dropped frames");
         LogCapture log;
         worker.finish();
         QCOMPARE(log.matching(QStringLiteral("RecordingWorker stats:")).size(), 1);

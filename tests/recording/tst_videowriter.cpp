@@ -29,8 +29,8 @@ private slots:
         QTest::newRow("not started") << false << QSize(64, 48) << false << "Recorder not started.";
         QTest::newRow("no pixels") << true << QSize(64, 48) << true << "Invalid frame data.";
         QTest::newRow("empty size") << true << QSize(0, 48) << false << "Invalid frame data.";
-        QTest::newRow("size mismatch")
-            << true << QSize(66, 48) << false << "Frame size 66x48 does not match recorder size 64x48.";
+        QTest::newRow("size mismatch") << true << QSize(66, 48) << false
+                                       << "Frame size 66x48 does not match recorder size 64x48.";
     }
 
     void frameChecks()
@@ -81,9 +81,9 @@ private slots:
         QVERIFY(writer.start(QStringLiteral("/tmp/x.mp4"), {}, QSize(64, 48), 30, 1));
         std::vector<unsigned char> pixels;
         const CapturedFrame frame = frameOf(QSize(64, 48), &pixels);
-        for (qint64 ms : {40, 40, 39, 100})
+        for (qint64 ms : { 40, 40, 39, 100 })
             QVERIFY(writer.writeFrame(frame, ms));
-        QCOMPARE(script->sampleTimes, (std::vector<qint64>{400000, 410000, 420000, 1000000}));
+        QCOMPARE(script->sampleTimes, (std::vector<qint64> { 400000, 410000, 420000, 1000000 }));
         QCOMPARE(writer.samplesSubmitted(), quint64(4));
     }
 
@@ -100,7 +100,8 @@ private slots:
         QVERIFY(!writer.writeFrame(frame, 1));
         QCOMPARE(writer.lastError(), QStringLiteral("No space left on device"));
         QCOMPARE(writer.writeFailures(), quint64(1));
-        QCOMPARE(log.matching(QStringLiteral("FakeVideoWriter: No space left on device")).size(), 1);
+        QCOMPARE(log.matching(QStringLiteral("FakeVideoWriter: No space left on device")).size(),
+                 1);
         script->closeError = QStringLiteral("could not finalise");
         QVERIFY(!writer.finish());
         QCOMPARE(writer.lastError(), QStringLiteral("could not finalise"));

@@ -8,7 +8,6 @@
 #include <gst/video/video.h>
 #include <xcb/xcb.h>
 
-
 namespace {
 
 QSize rootWindowSize()
@@ -44,7 +43,8 @@ GstFrameSource::~GstFrameSource()
 
 bool GstFrameSource::cropFor(const QRect &rect, const QSize &rootSize, Crop *crop, QString *error)
 {
-    const QRect adjusted(rect.topLeft(), QSize(qMax(rect.width(), 2) & ~1, qMax(rect.height(), 2) & ~1));
+    const QRect adjusted(rect.topLeft(),
+                         QSize(qMax(rect.width(), 2) & ~1, qMax(rect.height(), 2) & ~1));
     if (!QRect(QPoint(0, 0), rootSize).contains(adjusted)) {
         *error = QStringLiteral("Capture area %1,%2 %3x%4 is not on the screen of %5x%6.")
                      .arg(adjusted.x())
@@ -91,21 +91,23 @@ bool GstFrameSource::init(const QRect &rect, QString *error)
     GstElement *filter = gst_element_factory_make("capsfilter", nullptr);
     GstElement *sink = gst_element_factory_make("appsink", nullptr);
     if (!pipeline || !source || !filter || !sink) {
-        for (GstElement *e : {pipeline, source, filter, sink}) {
+        for (GstElement *e : { pipeline, source, filter, sink }) {
             if (e)
                 gst_object_unref(e);
         }
-        *error = QStringLiteral("GStreamer elements for X11 capture are missing (ximagesrc, appsink).");
+        *error =
+            QStringLiteral("GStreamer elements for X11 capture are missing (ximagesrc, appsink).");
         return false;
     }
     g_object_set(source, "use-damage", FALSE, "show-pointer", FALSE, "startx", guint(crop.startX),
                  "starty", guint(crop.startY), "endx", guint(crop.endX), "endy", guint(crop.endY),
                  nullptr);
-    GstCaps *caps = gst_caps_new_simple("video/x-raw", "framerate", GST_TYPE_FRACTION, 30, 1, nullptr);
+    GstCaps *caps =
+        gst_caps_new_simple("video/x-raw", "framerate", GST_TYPE_FRACTION, 30, 1, nullptr);
     g_object_set(filter, "caps", caps, nullptr);
     gst_caps_unref(caps);
     g_object_set(sink, "drop", TRUE, "max-buffers", guint(1), "sync", FALSE, nullptr);
-    GstAppSinkCallbacks callbacks{};
+    GstAppSinkCallbacks callbacks {};
     callbacks.new_sample = [](GstAppSink *appSink, gpointer self) {
         return GstFlowReturn(onNewSample(appSink, self));
     };
@@ -119,12 +121,13 @@ bool GstFrameSource::init(const QRect &rect, QString *error)
     qCInfo(lcRecording) << "GstFrameSource: starting X11 capture"
                         << "rect" << rect << "crop" << crop.startX << crop.startY << crop.endX
                         << crop.endY << "recordFrameSize" << m_frameSize;
-    const bool stateFailed
-        = gst_element_set_state(pipeline, GST_STATE_PLAYING) == GST_STATE_CHANGE_FAILURE;
+    const bool stateFailed =
+        gst_element_set_state(pipeline, GST_STATE_PLAYING) == GST_STATE_CHANGE_FAILURE;
     QString busText;
     if (busError(&busText) || stateFailed) {
-        *error = QStringLiteral("Failed to start X11 screen capture: %1")
-                     .arg(busText.isEmpty() ? QStringLiteral("the pipeline did not start") : busText);
+        *error =
+            QStringLiteral("Failed to start X11 screen capture: %1")
+                .arg(busText.isEmpty() ? QStringLiteral("the pipeline did not start") : busText);
         stop();
         return false;
     }
@@ -175,7 +178,8 @@ bool GstFrameSource::deliverFrame(const QRect &rect, const Consumer &consumer, Q
             const int width = GST_VIDEO_INFO_WIDTH(&info);
             const int height = GST_VIDEO_INFO_HEIGHT(&info);
             if (width < m_frameSize.width() || height < m_frameSize.height()) {
-                *error = QStringLiteral("X11 capture frame size %1x%2 is smaller than recorder size %3x%4.")
+                *error = QStringLiteral(
+                             "X11 capture frame size %1x%2 is smaller than recorder size %3x%4.")
                              .arg(width)
                              .arg(height)
                              .arg(m_frameSize.width())
@@ -185,7 +189,7 @@ bool GstFrameSource::deliverFrame(const QRect &rect, const Consumer &consumer, Q
             struct Mapped
             {
                 Sample sample;
-                GstMapInfo map{};
+                GstMapInfo map {};
                 ~Mapped()
                 {
                     if (sample)

@@ -40,9 +40,9 @@ bool GstSupport::popBusError(GstElement *pipeline, QString *error)
 bool GstSupport::waitForEos(GstElement *pipeline, int timeoutMs, QString *error)
 {
     GstBus *bus = gst_element_get_bus(pipeline);
-    GstMessage *message = gst_bus_timed_pop_filtered(
-        bus, GstClockTime(timeoutMs) * GST_MSECOND,
-        GstMessageType(GST_MESSAGE_EOS | GST_MESSAGE_ERROR));
+    GstMessage *message =
+        gst_bus_timed_pop_filtered(bus, GstClockTime(timeoutMs) * GST_MSECOND,
+                                   GstMessageType(GST_MESSAGE_EOS | GST_MESSAGE_ERROR));
     gst_object_unref(bus);
     if (!message) {
         *error = QStringLiteral("Timed out after %1 ms waiting for the video file to be finalised.")

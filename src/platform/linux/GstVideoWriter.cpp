@@ -28,7 +28,7 @@ GstVideoWriter::~GstVideoWriter()
 // peak-constrained mode gets a one-second VBV buffer, unconstrained three.
 GstVideoWriter::X264Options GstVideoWriter::x264Options(const H264Settings &settings)
 {
-    X264Options options{};
+    X264Options options {};
     options.speedPreset = settings.qualityVsSpeed >= 75 ? "ultrafast" : "superfast";
     options.bitrateKbps = unsigned(settings.bitrate / 1000);
     options.vbvBufferMs = settings.rateControl == H264Settings::PeakConstrainedVbr ? 1000 : 3000;
@@ -37,8 +37,8 @@ GstVideoWriter::X264Options GstVideoWriter::x264Options(const H264Settings &sett
     return options;
 }
 
-bool GstVideoWriter::openSink(const QString &path, const CaptureSession &, const H264Settings &settings,
-                              QString *error)
+bool GstVideoWriter::openSink(const QString &path, const CaptureSession &,
+                              const H264Settings &settings, QString *error)
 {
     release();
     const X264Options options = x264Options(settings);
@@ -50,7 +50,7 @@ bool GstVideoWriter::openSink(const QString &path, const CaptureSession &, const
     GstElement *h264Filter = gst_element_factory_make("capsfilter", nullptr);
     GstElement *muxer = gst_element_factory_make("mp4mux", nullptr);
     GstElement *sink = gst_element_factory_make("filesink", nullptr);
-    GstElement *elements[] = {appsrc, convert, rawFilter, encoder, h264Filter, muxer, sink};
+    GstElement *elements[] = { appsrc, convert, rawFilter, encoder, h264Filter, muxer, sink };
     for (GstElement *element : elements) {
         if (!element) {
             for (GstElement *e : elements) {
@@ -78,8 +78,8 @@ bool GstVideoWriter::openSink(const QString &path, const CaptureSession &, const
     gst_util_set_object_arg(G_OBJECT(encoder), "tune", "zerolatency");
     g_object_set(encoder, "bitrate", options.bitrateKbps, "vbv-buf-capacity", options.vbvBufferMs,
                  "key-int-max", options.keyIntMax, nullptr);
-    GstCaps *h264Caps
-        = gst_caps_new_simple("video/x-h264", "profile", G_TYPE_STRING, options.profile, nullptr);
+    GstCaps *h264Caps =
+        gst_caps_new_simple("video/x-h264", "profile", G_TYPE_STRING, options.profile, nullptr);
     g_object_set(h264Filter, "caps", h264Caps, nullptr);
     gst_caps_unref(h264Caps);
     g_object_set(muxer, "fragment-duration", guint(1000), nullptr);
@@ -89,16 +89,19 @@ bool GstVideoWriter::openSink(const QString &path, const CaptureSession &, const
     gst_bin_add_many(GST_BIN(m_pipeline), appsrc, convert, rawFilter, encoder, h264Filter, muxer,
                      sink, nullptr);
     m_appsrc = GST_ELEMENT(gst_object_ref(appsrc));
-    if (!gst_element_link_many(appsrc, convert, rawFilter, encoder, h264Filter, muxer, sink, nullptr)) {
+    if (!gst_element_link_many(appsrc, convert, rawFilter, encoder, h264Filter, muxer, sink,
+                               nullptr)) {
         *error = QStringLiteral("Could not link the H.264/MP4 writing pipeline.");
         return false;
     }
-    const bool stateFailed
-        = gst_element_set_state(m_pipeline, GST_STATE_PLAYING) == GST_STATE_CHANGE_FAILURE;
+    const bool stateFailed =
+        gst_element_set_state(m_pipeline, GST_STATE_PLAYING) == GST_STATE_CHANGE_FAILURE;
     QString busText;
     if (GstSupport::popBusError(m_pipeline, &busText) || stateFailed) {
-        *error = QStringLiteral("Could not start writing %1: %2")
-                     .arg(path, busText.isEmpty() ? QStringLiteral("the pipeline did not start") : busText);
+        *error =
+            QStringLiteral("Could not start writing %1: %2")
+                .arg(path,
+                     busText.isEmpty() ? QStringLiteral("the pipeline did not start") : busText);
         return false;
     }
     return true;
@@ -121,8 +124,8 @@ bool GstVideoWriter::submitFrame(const CapturedFrame &frame, qint64 sampleTime, 
         GST_MEMORY_FLAG_READONLY, const_cast<unsigned char *>(frame.bits), size, 0, size, owner,
         [](gpointer data) { delete static_cast<std::shared_ptr<const void> *>(data); });
     if (frame.bytesPerLine != frame.size.width() * 4) {
-        gsize offsets[GST_VIDEO_MAX_PLANES] = {0};
-        gint strides[GST_VIDEO_MAX_PLANES] = {frame.bytesPerLine};
+        gsize offsets[GST_VIDEO_MAX_PLANES] = { 0 };
+        gint strides[GST_VIDEO_MAX_PLANES] = { frame.bytesPerLine };
         gst_buffer_add_video_meta_full(buffer, GST_VIDEO_FRAME_FLAG_NONE, GST_VIDEO_FORMAT_BGRx,
                                        guint(frame.size.width()), guint(frame.size.height()), 1,
                                        offsets, strides);

@@ -1,8 +1,7 @@
 #include "platform/linux/XcbCursorPosition.h"
 
-#include <xcb/xcb.h>
-
 #include <cstdlib>
+#include <xcb/xcb.h>
 
 std::unique_ptr<CursorPosition> CursorPosition::create()
 {
@@ -31,8 +30,8 @@ std::optional<QPoint> XcbCursorPosition::position() const
 {
     if (!m_root || xcb_connection_has_error(m_connection))
         return std::nullopt;
-    xcb_query_pointer_reply_t *reply
-        = xcb_query_pointer_reply(m_connection, xcb_query_pointer(m_connection, m_root), nullptr);
+    xcb_query_pointer_reply_t *reply =
+        xcb_query_pointer_reply(m_connection, xcb_query_pointer(m_connection, m_root), nullptr);
     if (!reply)
         return std::nullopt;
     const QPoint point(reply->root_x, reply->root_y);
