@@ -1,32 +1,119 @@
 #include "app/Startup.h"
 
+#include "app/AppController.h"
+#include "app/LanguageLoader.h"
+#include "app/LogFile.h"
+#include "app/SingleInstanceLock.h"
+#include "display/DisplayManager.h"
+#include "display/OverlayManager.h"
+#include "settings/SettingsManager.h"
+
 #include <QApplication>
+#include <QFontDatabase>
 #include <QLoggingCategory>
 #include <QQmlApplicationEngine>
+#include <QQmlContext>
 #include <QQuickStyle>
+#include <QTranslator>
 #include <QtQml/qqmlextensionplugin.h>
 
 Q_IMPORT_QML_PLUGIN(GlimmoraAppPlugin)
 
 Q_LOGGING_CATEGORY(lcStartup, "glimmora.app")
 
+namespace {
+const QUrl mainDocument(QStringLiteral("qrc:/qt/qml/GlimmoraApp/Main.qml"));
+
+void addFonts()
+{
+    // A missing font leaves the platform's default in its place.
+    const char *const fonts[] = {
+        ":/fonts/Geist-Regular.ttf",         ":/fonts/Geist-Medium.ttf",
+        ":/fonts/Geist-SemiBold.ttf",        ":/fonts/Geist-Bold.ttf",
+        ":/fonts/JetBrainsMono-Regular.ttf",
+    };
+    for (const char *font : fonts)
+        QFontDatabase::addApplicationFont(QString::fromLatin1(font));
+}
+} // namespace
+
 int runGlimmora(int argc, char *argv[])
 {
+    // Qt takes care of per-monitor scaling on Linux; nothing to ask for first.
     QApplication app(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     QCoreApplication::setApplicationName(QStringLiteral("Glimmora"));
     QCoreApplication::setApplicationVersion(QStringLiteral("0.4.5"));
     QCoreApplication::setOrganizationName(QStringLiteral("Orvelline"));
+    qInstallMessageHandler(LogFile::messageHandler);
+
+    SingleInstanceLock lock(QStringLiteral("Glimmora_SingleInstance_Lock"));
+    if (!lock.tryLock()) {
+        qCWarning(lcStartup) << "Another instance of Glimmora is already running.";
+        return 0;
+    }
 
     QQuickStyle::setStyle(QStringLiteral("Fusion"));
+    // The native QML types register at compile time through the module.
 
+    qCDebug(lcStartup) << "Initializing managers...";
+    SettingsManager settings;
+    QTranslator translator;
+    if (LanguageLoader::load(translator, settings.language()))
+        QCoreApplication::installTranslator(&translator);
+
+    DisplayManager displayManager(&settings);
+    OverlayManager overlayManager;
+    // Drawing model, capture, recording and render-backend managers are built
+    // here, in that order, followed by the tray.
+
+    AppController appController(&settings, &overlayManager, &displayManager);
+    // The tray's initialise step, the window-backdrop object and the global
+    // hotkey service (primed from the current state, then wired) follow here.
+
+    addFonts();
+
+    qCDebug(lcStartup) << "Loading QML engine...";
     QQmlApplicationEngine engine;
-    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    engine.load(QUrl(QStringLiteral("qrc:/qt/qml/GlimmoraApp/Main.qml")));
+    QQmlContext *context = engine.rootContext();
+    const QVariant none = QVariant::fromValue<QObject *>(nullptr);
+    context->setContextProperty(QStringLiteral("appController"), &appController);
+    context->setContextProperty(QStringLiteral("settingsManager"), &settings);
+    context->setContextProperty(QStringLiteral("displayManager"), &displayManager);
+    context->setContextProperty(QStringLiteral("drawingModel"), none);
+    context->setContextProperty(QStringLiteral("renderBackendManager"), none);
+    // Only a platform with a permission flow gives the documents an object.
+    context->setContextProperty(QStringLiteral("macPermissions"), none);
+    context->setContextProperty(QStringLiteral("winAcrylic"), none);
+    context->setContextProperty(QStringLiteral("hotkeyManager"), none);
+
+    QObject::connect(
+        &engine, &QQmlApplicationEngine::objectCreationFailed, &app,
+        [](const QUrl &url) {
+            qCCritical(lcStartup).noquote() << "QML object creation failed for:" << url.toString();
+            QCoreApplication::exit(-1);
+        },
+        Qt::QueuedConnection);
+    engine.load(mainDocument);
+
+    // Connected only now: the switch retranslates the engine.
+    QObject::connect(&settings, &SettingsManager::languageChanged, &engine,
+                     [&translator, &settings, &engine] {
+                         QCoreApplication::removeTranslator(&translator);
+                         if (LanguageLoader::load(translator, settings.language()))
+                             QCoreApplication::installTranslator(&translator);
+                         // Also when back to English, so every qsTr binding refreshes.
+                         engine.retranslate();
+                     });
+
     if (engine.rootObjects().isEmpty()) {
         qCCritical(lcStartup) << "No root QML objects loaded.";
         return -1;
     }
+
+    // The overlay window manager is built here on the main window; on quit it
+    // hides every window and a running recording is stopped.
+
     qCDebug(lcStartup) << "Glimmora started.";
     return QApplication::exec();
 }

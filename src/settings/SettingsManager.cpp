@@ -23,6 +23,32 @@ namespace {
 const QStringList drawingTools { u"pen"_s, u"arrow"_s, u"rectangle"_s, u"circle"_s,
                                  u"highlighter"_s };
 
+// Inclusive bounds of a setting; setters and, for most, the load clamp to them.
+template<typename T>
+struct Range
+{
+    T min;
+    T max;
+    constexpr T clamp(T value) const { return std::clamp(value, min, max); }
+};
+
+constexpr Range<int> spotlightRadiusRange { 60, 400 };
+constexpr Range<double> darknessOpacityRange { 0.2, 0.9 };
+constexpr Range<int> edgeBlurRange { 0, 80 };
+constexpr Range<double> spotlightSmoothingSecondsRange { 0.0, 0.5 };
+constexpr Range<int> brushSizeRange { 1, 32 };
+constexpr Range<int> strokeSmoothingRange { 0, 3 };
+constexpr Range<int> rippleSizeRange { 20, 120 };
+constexpr Range<int> rippleDurationRange { 200, 1500 };
+constexpr Range<int> keystrokeFadeMsRange { 500, 4000 };
+constexpr Range<int> keystrokePositionRange { 0, 2 };
+constexpr Range<double> uiScaleRange { 0.9, 1.5 };
+constexpr Range<int> linuxThemeRange { 0, 2 };
+constexpr Range<int> windowsThemeRange { 0, 2 };
+constexpr Range<int> captureImageQualityRange { 50, 100 };
+constexpr Range<int> recordQualityRange { 0, 2 };
+constexpr Range<double> magnifierZoomFactorRange { 1.25, 4.0 };
+
 // The current look of the spotlight; stores below it may carry an older look.
 constexpr int currentVisualProfile = 4;
 
@@ -113,18 +139,20 @@ void SettingsManager::load()
         return;
     }
 
-    m_spotlightRadius = std::clamp(readInt(u"spotlight/radius"_s, m_spotlightRadius), 60, 400);
+    m_spotlightRadius =
+        spotlightRadiusRange.clamp(readInt(u"spotlight/radius"_s, m_spotlightRadius));
     m_darknessOpacity =
-        std::clamp(readDouble(u"spotlight/darknessOpacity"_s, m_darknessOpacity), 0.2, 0.9);
-    m_edgeBlur = std::clamp(readInt(u"spotlight/edgeBlur"_s, m_edgeBlur), 0, 80);
+        darknessOpacityRange.clamp(readDouble(u"spotlight/darknessOpacity"_s, m_darknessOpacity));
+    m_edgeBlur = edgeBlurRange.clamp(readInt(u"spotlight/edgeBlur"_s, m_edgeBlur));
     m_spotlightSmoothTracking = readBool(u"spotlight/smoothTracking"_s, m_spotlightSmoothTracking);
-    m_spotlightSmoothingSeconds = std::clamp(
-        readDouble(u"spotlight/smoothingSeconds"_s, m_spotlightSmoothingSeconds), 0.0, 0.5);
+    m_spotlightSmoothingSeconds = spotlightSmoothingSecondsRange.clamp(
+        readDouble(u"spotlight/smoothingSeconds"_s, m_spotlightSmoothingSeconds));
     m_hideSpotlightWhileTyping =
         readBool(u"spotlight/hideWhileTyping"_s, m_hideSpotlightWhileTyping);
     migrateVisualProfile();
-    m_brushSize = std::clamp(readInt(u"drawing/brushSize"_s, m_brushSize), 1, 32);
-    m_strokeSmoothing = std::clamp(readInt(u"drawing/strokeSmoothing"_s, m_strokeSmoothing), 0, 3);
+    m_brushSize = brushSizeRange.clamp(readInt(u"drawing/brushSize"_s, m_brushSize));
+    m_strokeSmoothing =
+        strokeSmoothingRange.clamp(readInt(u"drawing/strokeSmoothing"_s, m_strokeSmoothing));
     // Only the five drawing tools are valid here; anything else starts the pen.
     const QString tool = readString(u"drawing/defaultTool"_s, m_defaultDrawingTool);
     m_defaultDrawingTool = drawingTools.contains(tool) ? tool : u"pen"_s;
@@ -149,8 +177,10 @@ void SettingsManager::load()
     m_showAlphaNumericKeys = readBool(u"keystrokes/showAlphaNumeric"_s, m_showAlphaNumericKeys);
     m_muteKeystrokesInPasswordFields =
         readBool(u"keystrokes/muteInPasswordFields"_s, m_muteKeystrokesInPasswordFields);
-    m_keystrokeFadeMs = std::clamp(readInt(u"keystrokes/fadeMs"_s, m_keystrokeFadeMs), 500, 4000);
-    m_keystrokePosition = std::clamp(readInt(u"keystrokes/position"_s, m_keystrokePosition), 0, 2);
+    m_keystrokeFadeMs =
+        keystrokeFadeMsRange.clamp(readInt(u"keystrokes/fadeMs"_s, m_keystrokeFadeMs));
+    m_keystrokePosition =
+        keystrokePositionRange.clamp(readInt(u"keystrokes/position"_s, m_keystrokePosition));
     m_launchAtLogin = readBool(u"general/launchAtLogin"_s, m_launchAtLogin);
     m_startMinimized = readBool(u"general/startMinimized"_s, m_startMinimized);
     m_showInTaskbar = readBool(u"general/showInTaskbar"_s, m_showInTaskbar);
@@ -158,14 +188,14 @@ void SettingsManager::load()
     m_confirmQuit = readBool(u"general/confirmQuit"_s, m_confirmQuit);
     m_overlayControlsAlwaysVisible =
         readBool(u"general/overlayControlsAlwaysVisible"_s, m_overlayControlsAlwaysVisible);
-    m_uiScale = std::clamp(readDouble(u"general/uiScale"_s, m_uiScale), 0.9, 1.5);
+    m_uiScale = uiScaleRange.clamp(readDouble(u"general/uiScale"_s, m_uiScale));
     m_language = readString(u"general/language"_s, m_language);
-    m_linuxTheme = std::clamp(readInt(u"general/linuxTheme"_s, m_linuxTheme), 0, 2);
-    m_windowsTheme = std::clamp(readInt(u"general/windowsTheme"_s, m_windowsTheme), 0, 2);
+    m_linuxTheme = linuxThemeRange.clamp(readInt(u"general/linuxTheme"_s, m_linuxTheme));
+    m_windowsTheme = windowsThemeRange.clamp(readInt(u"general/windowsTheme"_s, m_windowsTheme));
     m_captureImageFormat =
         normalizedImageFormat(readString(u"capture/imageFormat"_s, m_captureImageFormat));
     m_captureImageQuality =
-        std::clamp(readInt(u"capture/imageQuality"_s, m_captureImageQuality), 50, 100);
+        captureImageQualityRange.clamp(readInt(u"capture/imageQuality"_s, m_captureImageQuality));
     // A stored folder wins, even an empty one; the default is never written here.
     m_captureSaveFolder = readString(u"capture/saveFolder"_s, defaultSaveFolder());
     m_captureIncludeAnnotations =
@@ -175,9 +205,9 @@ void SettingsManager::load()
     m_captureShutterSound = readBool(u"capture/shutterSound"_s, m_captureShutterSound);
     m_recordOpenFolderAfterStop =
         readBool(u"record/openFolderAfterStop"_s, m_recordOpenFolderAfterStop);
-    m_recordQuality = std::clamp(readInt(u"record/quality"_s, m_recordQuality), 0, 2);
-    m_magnifierZoomFactor =
-        std::clamp(readDouble(u"magnifier/zoomFactor"_s, m_magnifierZoomFactor), 1.25, 4.0);
+    m_recordQuality = recordQualityRange.clamp(readInt(u"record/quality"_s, m_recordQuality));
+    m_magnifierZoomFactor = magnifierZoomFactorRange.clamp(
+        readDouble(u"magnifier/zoomFactor"_s, m_magnifierZoomFactor));
     m_singleDisplayMode = readBool(u"displays/singleDisplay"_s, m_singleDisplayMode);
     // A store from before the split inherits the single-display switch until
     // the new key is first written.
@@ -443,19 +473,20 @@ QVariantList SettingsManager::availableLanguages() const
 
 void SettingsManager::setSpotlightRadius(int value)
 {
-    if (assign(m_spotlightRadius, std::clamp(value, 60, 400), u"spotlight/radius"_s))
+    if (assign(m_spotlightRadius, spotlightRadiusRange.clamp(value), u"spotlight/radius"_s))
         emit spotlightRadiusChanged();
 }
 
 void SettingsManager::setDarknessOpacity(double value)
 {
-    if (assign(m_darknessOpacity, std::clamp(value, 0.2, 0.9), u"spotlight/darknessOpacity"_s))
+    if (assign(m_darknessOpacity, darknessOpacityRange.clamp(value),
+               u"spotlight/darknessOpacity"_s))
         emit darknessOpacityChanged();
 }
 
 void SettingsManager::setEdgeBlur(int value)
 {
-    if (assign(m_edgeBlur, std::clamp(value, 0, 80), u"spotlight/edgeBlur"_s))
+    if (assign(m_edgeBlur, edgeBlurRange.clamp(value), u"spotlight/edgeBlur"_s))
         emit edgeBlurChanged();
 }
 
@@ -467,7 +498,7 @@ void SettingsManager::setSpotlightSmoothTracking(bool value)
 
 void SettingsManager::setSpotlightSmoothingSeconds(double value)
 {
-    if (assign(m_spotlightSmoothingSeconds, std::clamp(value, 0.0, 0.5),
+    if (assign(m_spotlightSmoothingSeconds, spotlightSmoothingSecondsRange.clamp(value),
                u"spotlight/smoothingSeconds"_s))
         emit spotlightSmoothingSecondsChanged();
 }
@@ -480,13 +511,13 @@ void SettingsManager::setHideSpotlightWhileTyping(bool value)
 
 void SettingsManager::setBrushSize(int value)
 {
-    if (assign(m_brushSize, std::clamp(value, 1, 32), u"drawing/brushSize"_s))
+    if (assign(m_brushSize, brushSizeRange.clamp(value), u"drawing/brushSize"_s))
         emit brushSizeChanged();
 }
 
 void SettingsManager::setStrokeSmoothing(int value)
 {
-    if (assign(m_strokeSmoothing, std::clamp(value, 0, 3), u"drawing/strokeSmoothing"_s))
+    if (assign(m_strokeSmoothing, strokeSmoothingRange.clamp(value), u"drawing/strokeSmoothing"_s))
         emit strokeSmoothingChanged();
 }
 
@@ -538,13 +569,13 @@ void SettingsManager::setClickRippleEnabled(bool value)
 
 void SettingsManager::setRippleSize(int value)
 {
-    if (assign(m_rippleSize, std::clamp(value, 20, 120), u"effects/rippleSize"_s))
+    if (assign(m_rippleSize, rippleSizeRange.clamp(value), u"effects/rippleSize"_s))
         emit rippleSizeChanged();
 }
 
 void SettingsManager::setRippleDuration(int value)
 {
-    if (assign(m_rippleDuration, std::clamp(value, 200, 1500), u"effects/rippleDuration"_s))
+    if (assign(m_rippleDuration, rippleDurationRange.clamp(value), u"effects/rippleDuration"_s))
         emit rippleDurationChanged();
 }
 
@@ -610,13 +641,13 @@ void SettingsManager::setMuteKeystrokesInPasswordFields(bool value)
 
 void SettingsManager::setKeystrokeFadeMs(int value)
 {
-    if (assign(m_keystrokeFadeMs, std::clamp(value, 500, 4000), u"keystrokes/fadeMs"_s))
+    if (assign(m_keystrokeFadeMs, keystrokeFadeMsRange.clamp(value), u"keystrokes/fadeMs"_s))
         emit keystrokeFadeMsChanged();
 }
 
 void SettingsManager::setKeystrokePosition(int value)
 {
-    if (assign(m_keystrokePosition, std::clamp(value, 0, 2), u"keystrokes/position"_s))
+    if (assign(m_keystrokePosition, keystrokePositionRange.clamp(value), u"keystrokes/position"_s))
         emit keystrokePositionChanged();
 }
 
@@ -664,7 +695,7 @@ void SettingsManager::setOverlayControlsAlwaysVisible(bool value)
 
 void SettingsManager::setUiScale(double value)
 {
-    if (assign(m_uiScale, std::clamp(value, 0.9, 1.5), u"general/uiScale"_s))
+    if (assign(m_uiScale, uiScaleRange.clamp(value), u"general/uiScale"_s))
         emit uiScaleChanged();
 }
 
@@ -676,13 +707,13 @@ void SettingsManager::setLanguage(const QString &value)
 
 void SettingsManager::setLinuxTheme(int value)
 {
-    if (assign(m_linuxTheme, std::clamp(value, 0, 2), u"general/linuxTheme"_s))
+    if (assign(m_linuxTheme, linuxThemeRange.clamp(value), u"general/linuxTheme"_s))
         emit linuxThemeChanged();
 }
 
 void SettingsManager::setWindowsTheme(int value)
 {
-    if (assign(m_windowsTheme, std::clamp(value, 0, 2), u"general/windowsTheme"_s))
+    if (assign(m_windowsTheme, windowsThemeRange.clamp(value), u"general/windowsTheme"_s))
         emit windowsThemeChanged();
 }
 
@@ -694,7 +725,8 @@ void SettingsManager::setCaptureImageFormat(const QString &value)
 
 void SettingsManager::setCaptureImageQuality(int value)
 {
-    if (assign(m_captureImageQuality, std::clamp(value, 50, 100), u"capture/imageQuality"_s))
+    if (assign(m_captureImageQuality, captureImageQualityRange.clamp(value),
+               u"capture/imageQuality"_s))
         emit captureImageQualityChanged();
 }
 
@@ -736,13 +768,14 @@ void SettingsManager::setRecordOpenFolderAfterStop(bool value)
 
 void SettingsManager::setRecordQuality(int value)
 {
-    if (assign(m_recordQuality, std::clamp(value, 0, 2), u"record/quality"_s))
+    if (assign(m_recordQuality, recordQualityRange.clamp(value), u"record/quality"_s))
         emit recordQualityChanged();
 }
 
 void SettingsManager::setMagnifierZoomFactor(double value)
 {
-    if (assign(m_magnifierZoomFactor, std::clamp(value, 1.25, 4.0), u"magnifier/zoomFactor"_s))
+    if (assign(m_magnifierZoomFactor, magnifierZoomFactorRange.clamp(value),
+               u"magnifier/zoomFactor"_s))
         emit magnifierZoomFactorChanged();
 }
 

@@ -1,0 +1,261 @@
+// Cost of the click-through loop on the real X server: CPU per poll tick at
+// rest and while the pointer moves, the time from a tool change until the
+// server has the new input region, and the idle CPU of the whole process.
+// Each figure stands beside a reference measured in the same run.
+#include "ProbeClient.h"
+#include "XTestSession.h"
+#include "app/AppController.h"
+#include "display/DisplayManager.h"
+#include "display/OverlayManager.h"
+#include "display/OverlayWindowManager.h"
+#include "platform/LoginEntry.h"
+#include "settings/SettingsManager.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QQmlApplicationEngine>
+#include <QQmlContext>
+#include <QQuickWindow>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <algorithm>
+#include <cstdlib>
+#include <ctime>
+#include <functional>
+#include <sys/resource.h>
+#include <unistd.h>
+#include <xcb/xcb.h>
+
+namespace {
+
+double threadCpuMicroseconds()
+{
+    timespec now {};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return double(now.tv_sec) * 1e6 + double(now.tv_nsec) / 1e3;
+}
+
+double processCpuSeconds()
+{
+    rusage usage {};
+    getrusage(RUSAGE_SELF, &usage);
+    return double(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec)
+        + double(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
+}
+
+double childCpuSeconds(qint64 pid)
+{
+    QFile stat(QStringLiteral("/proc/%1/stat").arg(pid));
+    if (!stat.open(QIODevice::ReadOnly))
+        return -1;
+    const QByteArray text = stat.readAll();
+    // Fields after the command name, which may hold blanks: utime is the 14th.
+    const QList<QByteArray> fields = text.mid(text.lastIndexOf(')') + 2).split(' ');
+    return (fields.value(11).toDouble() + fields.value(12).toDouble())
+        / double(sysconf(_SC_CLK_TCK));
+}
+
+double median(QList<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values.isEmpty() ? 0 : values.at(values.size() / 2);
+}
+
+xcb_connection_t *qtConnection()
+{
+    return qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
+}
+
+// CPU microseconds per call of `work`, `before` running untimed ahead of each.
+double cpuPerCall(int calls, const std::function<void()> &work,
+                  const std::function<void(int)> &before = {})
+{
+    double total = 0;
+    for (int i = 0; i < calls; ++i) {
+        if (before)
+            before(i);
+        const double start = threadCpuMicroseconds();
+        work();
+        total += threadCpuMicroseconds() - start;
+    }
+    return total / calls;
+}
+
+} // namespace
+
+class BenchClickThrough : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void pollTick();
+    void toolChangeLatency();
+    void idleProcessCpu();
+
+private:
+    XTestSession m_user;
+    ProbeClient m_client;
+    std::unique_ptr<SettingsManager> m_settings;
+    std::unique_ptr<DisplayManager> m_displays;
+    std::unique_ptr<OverlayManager> m_overlays;
+    std::unique_ptr<AppController> m_controller;
+    std::unique_ptr<QQmlApplicationEngine> m_engine;
+    QQuickWindow *m_main = nullptr;
+    std::unique_ptr<OverlayWindowManager> m_manager;
+};
+
+void BenchClickThrough::initTestCase()
+{
+    QVERIFY2(QGuiApplication::platformName() == QLatin1String("xcb"), "needs the X server");
+    QVERIFY(m_user.isValid());
+    QVERIFY(m_client.start(QRect(0, 0, 1920, 1080)));
+    m_settings = std::make_unique<SettingsManager>(std::unique_ptr<LoginEntry>());
+    m_displays = std::make_unique<DisplayManager>(m_settings.get());
+    m_overlays = std::make_unique<OverlayManager>();
+    m_controller =
+        std::make_unique<AppController>(m_settings.get(), m_overlays.get(), m_displays.get());
+    m_engine = std::make_unique<QQmlApplicationEngine>();
+    QQmlContext *context = m_engine->rootContext();
+    context->setContextProperty("appController", m_controller.get());
+    context->setContextProperty("settingsManager", m_settings.get());
+    context->setContextProperty("displayManager", m_displays.get());
+    for (const char *name : { "drawingModel", "renderBackendManager", "macPermissions",
+                              "winAcrylic", "hotkeyManager" })
+        context->setContextProperty(QString::fromLatin1(name),
+                                    QVariant::fromValue<QObject *>(nullptr));
+    m_engine->load(QUrl(QStringLiteral("qrc:/qt/qml/GlimmoraApp/Main.qml")));
+    QVERIFY(!m_engine->rootObjects().isEmpty());
+    m_main = qobject_cast<QQuickWindow *>(m_engine->rootObjects().constFirst());
+    QVERIFY(m_main);
+    m_manager = std::make_unique<OverlayWindowManager>(m_displays.get(), m_overlays.get(),
+                                                       m_controller.get(), m_engine.get(), m_main);
+    QVERIFY(QTest::qWaitForWindowExposed(m_main));
+}
+
+void BenchClickThrough::cleanupTestCase()
+{
+    m_manager.reset();
+    m_engine.reset();
+}
+
+void BenchClickThrough::pollTick()
+{
+    const int ticks = 2000;
+    m_user.moveTo(QPoint(700, 500));
+    const double roundTrip = cpuPerCall(ticks, [] {
+        std::free(xcb_get_input_focus_reply(qtConnection(), xcb_get_input_focus(qtConnection()),
+                                            nullptr));
+    });
+    m_controller->setTool(QStringLiteral("cursor"));
+    m_controller->pollPointer();
+    const double rest = cpuPerCall(ticks, [this] { m_controller->pollPointer(); });
+    m_controller->setTool(QStringLiteral("spotlight"));
+    m_controller->pollPointer();
+    const double restSpotlight = cpuPerCall(ticks, [this] { m_controller->pollPointer(); });
+    m_controller->setTool(QStringLiteral("cursor"));
+    const auto move = [this](int i) {
+        m_user.moveTo(QPoint(200 + i % 1200, 300 + i % 400));
+    };
+    const double moving = cpuPerCall(
+        ticks, [this] { m_controller->pollPointer(); }, move);
+    m_controller->setTool(QStringLiteral("pen"));
+    const double movingPen = cpuPerCall(
+        ticks, [this] { m_controller->pollPointer(); }, move);
+    m_controller->setTool(QStringLiteral("cursor"));
+
+    std::printf("poll tick CPU, microseconds per tick (%d ticks each):\n", ticks);
+    std::printf("  reference: one bare X round trip        %8.1f\n", roundTrip);
+    std::printf("  at rest, cursor tool                    %8.1f  (%.2fx reference)\n", rest,
+                rest / roundTrip);
+    std::printf("  at rest, spotlight tool (reads buttons) %8.1f  (%.2fx reference)\n",
+                restSpotlight, restSpotlight / roundTrip);
+    std::printf("  moving, cursor tool                     %8.1f  (%.2fx reference)\n", moving,
+                moving / roundTrip);
+    std::printf("  moving, pen tool                        %8.1f  (%.2fx reference)\n", movingPen,
+                movingPen / roundTrip);
+}
+
+void BenchClickThrough::toolChangeLatency()
+{
+    const auto native = static_cast<uint32_t>(m_main->winId());
+    m_user.watchInputShape(native);
+    QList<double> latencies;
+    QList<double> roundTrips;
+    QElapsedTimer clock;
+    clock.start();
+    for (int i = 0; i < 60; ++i) {
+        const QString tool = i % 2 == 0 ? QStringLiteral("pen") : QStringLiteral("cursor");
+        const qint64 start = clock.nsecsElapsed();
+        m_controller->setTool(tool);
+        while (m_user.takeInputShapeChanges(native, nullptr) == 0) {
+            QVERIFY2(clock.nsecsElapsed() - start < 2'000'000'000, "no input-region change");
+        }
+        latencies.append(double(clock.nsecsElapsed() - start) / 1e3);
+
+        const qint64 tripStart = clock.nsecsElapsed();
+        m_user.sync();
+        roundTrips.append(double(clock.nsecsElapsed() - tripStart) / 1e3);
+    }
+    // The client sees the effect: in the cursor tool its next click is its own.
+    m_controller->setTool(QStringLiteral("cursor"));
+    const int before = m_client.pressCount();
+    m_user.click(QPoint(900, 600));
+    QTRY_COMPARE(m_client.pressCount(), before + 1);
+
+    const double maxLatency = *std::max_element(latencies.cbegin(), latencies.cend());
+    std::printf("tool change to input region on the server, microseconds (60 changes):\n");
+    std::printf("  reference: one X round trip of the observer %8.1f\n", median(roundTrips));
+    std::printf("  median                                      %8.1f  (%.2fx reference)\n",
+                median(latencies), median(latencies) / median(roundTrips));
+    std::printf("  worst                                       %8.1f\n", maxLatency);
+}
+
+void BenchClickThrough::idleProcessCpu()
+{
+    const int seconds = 10;
+    m_controller->setTool(QStringLiteral("cursor"));
+    QVERIFY(m_controller->overlayEnabled());
+    m_user.moveTo(QPoint(800, 400));
+
+    // The reference: the smallest transparent Qt Quick window, idle as long.
+    QProcess minimal;
+    minimal.start(QStringLiteral(MINIMAL_WINDOW_BINARY), {});
+    QVERIFY(minimal.waitForStarted());
+    QTest::qWait(1500);
+    const double minimalStart = childCpuSeconds(minimal.processId());
+
+    const double start = processCpuSeconds();
+    QElapsedTimer wall;
+    wall.start();
+    QTest::qWait(seconds * 1000);
+    const double ours = (processCpuSeconds() - start) / (double(wall.elapsed()) / 1000.0) * 100.0;
+    const double reference = (childCpuSeconds(minimal.processId()) - minimalStart)
+        / (double(wall.elapsed()) / 1000.0) * 100.0;
+    minimal.kill();
+    minimal.waitForFinished();
+
+    std::printf("idle CPU over %d s, overlay on, pointer still, %% of one core:\n", seconds);
+    std::printf("  reference: minimal transparent window %6.2f\n", reference);
+    std::printf("  this process, two overlays and poll    %6.2f  (%+.2f points)\n", ours,
+                ours - reference);
+}
+
+int main(int argc, char *argv[])
+{
+    QTemporaryDir home;
+    qputenv("XDG_CONFIG_HOME", home.filePath("config").toLocal8Bit());
+    qputenv("XDG_DATA_HOME", home.filePath("data").toLocal8Bit());
+    qputenv("QSG_RENDER_LOOP", "basic");
+    QApplication app(argc, argv);
+    QCoreApplication::setOrganizationName(QStringLiteral("Orvelline"));
+    QCoreApplication::setApplicationName(QStringLiteral("Glimmora"));
+    BenchClickThrough bench;
+    return QTest::qExec(&bench, argc, argv);
+}
+
+#include "bench_clickthrough.moc"

@@ -1,0 +1,24 @@
+#include <QGuiApplication>
+#include <QQuickWindow>
+
+#include <cstdio>
+
+// Shows a transparent, frameless Qt Quick window and says "shown" once its
+// first frame is on screen, then stays until killed.
+int main(int argc, char *argv[])
+{
+    QGuiApplication app(argc, argv);
+    QQuickWindow window;
+    window.setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::Tool);
+    window.setColor(Qt::transparent);
+    window.resize(1, 1);
+    QObject::connect(
+        &window, &QQuickWindow::frameSwapped, &app,
+        [] {
+            std::puts("shown");
+            std::fflush(stdout);
+        },
+        Qt::SingleShotConnection);
+    window.show();
+    return QGuiApplication::exec();
+}

@@ -1,0 +1,624 @@
+#include "app/AppController.h"
+
+#include "display/DisplayManager.h"
+#include "display/OverlayManager.h"
+#include "platform/FolderRevealer.h"
+#include "platform/SessionCapabilities.h"
+#include "settings/SettingsManager.h"
+
+#include <QClipboard>
+#include <QColorDialog>
+#include <QCoreApplication>
+#include <QCursor>
+#include <QDir>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QLoggingCategory>
+#include <QScreen>
+#include <QTimer>
+
+Q_LOGGING_CATEGORY(lcController, "glimmora.app.controller")
+
+namespace {
+constexpr int pollIntervalMs = 16;
+const QString hudKey = QStringLiteral("hud");
+
+bool isNonDrawingTool(const QString &tool)
+{
+    return tool == QLatin1String("cursor") || tool == QLatin1String("spotlight");
+}
+} // namespace
+
+AppController::AppController(SettingsManager *settings, OverlayManager *overlayManager,
+                             DisplayManager *displayManager,
+                             std::unique_ptr<PointerButtons> pointerButtons, QObject *parent)
+    : QObject(parent)
+    , m_settings(settings)
+    , m_overlayManager(overlayManager)
+    , m_displayManager(displayManager)
+    , m_pointerButtons(std::move(pointerButtons))
+    , m_session(SessionCapabilities::create())
+    , m_folderRevealer(FolderRevealer::create())
+{
+    if (m_displayManager) {
+        connect(m_displayManager, &DisplayManager::controlDisplayIdChanged, this,
+                &AppController::refreshClickThroughState);
+        connect(m_displayManager, &DisplayManager::displaysChanged, this,
+                &AppController::refreshClickThroughState);
+    }
+    if (m_settings) {
+        m_currentPenColor = m_settings->defaultDrawingColor();
+        connect(m_settings, &SettingsManager::defaultDrawingColorChanged, this,
+                [this] { setCurrentPenColor(m_settings->defaultDrawingColor()); });
+        // A new default tool takes over at once, except from the spotlight.
+        connect(m_settings, &SettingsManager::defaultDrawingToolChanged, this, [this] {
+            if (m_currentTool != QLatin1String("spotlight"))
+                setTool(m_settings->defaultDrawingTool());
+        });
+        connect(m_settings, &SettingsManager::showToolbarWhileDrawingChanged, this,
+                &AppController::applyToolbarVisibilityForTool);
+        connect(m_settings, &SettingsManager::firstRunDoneChanged, this, [this] {
+            if (m_settings->firstRunDone())
+                refreshClickThroughState();
+        });
+        if (!m_settings->firstRunDone())
+            refreshClickThroughState();
+    }
+
+    m_pollTimer = new QTimer(this);
+    m_pollTimer->setInterval(pollIntervalMs);
+    connect(m_pollTimer, &QTimer::timeout, this, &AppController::pollPointer);
+    m_pollTimer->start();
+
+    if (m_displayManager)
+        m_activeDisplayId = displayIdAt(cursorPos());
+}
+
+AppController::~AppController() = default;
+
+QString AppController::linuxSessionType() const
+{
+    return m_session->sessionType();
+}
+QString AppController::linuxWindowingBackend() const
+{
+    return m_session->windowingBackend();
+}
+QString AppController::linuxCapabilitySummary() const
+{
+    return m_session->summary();
+}
+bool AppController::linuxUsesX11Backend() const
+{
+    return m_session->usesX11Backend();
+}
+bool AppController::linuxHotkeysAvailable() const
+{
+    return m_session->hotkeysAvailable();
+}
+bool AppController::linuxClickThroughAvailable() const
+{
+    return m_session->clickThroughAvailable();
+}
+bool AppController::linuxInputVisualizationAvailable() const
+{
+    return m_session->inputVisualizationAvailable();
+}
+bool AppController::linuxPortalRequired() const
+{
+    return m_session->portalRequired();
+}
+
+bool AppController::recordingAvailable() const
+{
+    return qEnvironmentVariableIntValue("GLIMMORA_ENABLE_RECORDING") == 1;
+}
+
+// --- Tools, pause and surfaces ---------------------------------------------
+
+void AppController::setTool(const QString &tool)
+{
+    if (tool == m_currentTool)
+        return;
+    m_currentTool = tool;
+    applyToolbarVisibilityForTool();
+    refreshClickThroughState();
+    // Last, so that listeners already see the new pass-through state.
+    emit currentToolChanged();
+}
+
+void AppController::applyToolbarVisibilityForTool()
+{
+    if (!m_settings)
+        return;
+    setToolbarVisible(isNonDrawingTool(m_currentTool) || m_settings->showToolbarWhileDrawing());
+}
+
+void AppController::toggleOverlay()
+{
+    setOverlayEnabled(!m_overlayEnabled);
+}
+
+void AppController::toggleMagnifier()
+{
+    setMagnifierEnabled(!m_magnifierEnabled);
+}
+
+void AppController::setOverlayEnabled(bool enabled)
+{
+    if (enabled == m_overlayEnabled)
+        return;
+    // The drawing model's clear-on-pause joins here when the model exists.
+    m_overlayEnabled = enabled;
+    emit overlayEnabledChanged();
+}
+
+void AppController::setMagnifierEnabled(bool enabled)
+{
+    if (enabled == m_magnifierEnabled)
+        return;
+    m_magnifierEnabled = enabled;
+    emit magnifierEnabledChanged();
+}
+
+void AppController::showSettings()
+{
+    if (m_settingsVisible)
+        return;
+    m_settingsVisible = true;
+    refreshClickThroughState();
+    emit settingsVisibleChanged();
+}
+
+void AppController::hideSettings()
+{
+    if (!m_settingsVisible)
+        return;
+    m_settingsVisible = false;
+    refreshClickThroughState();
+    emit settingsVisibleChanged();
+}
+
+void AppController::setCurrentPenColor(const QString &color)
+{
+    if (color == m_currentPenColor)
+        return;
+    m_currentPenColor = color;
+    emit currentPenColorChanged();
+}
+
+void AppController::openColorDialog()
+{
+    const QColor color =
+        QColorDialog::getColor(QColor(m_currentPenColor), nullptr,
+                               QStringLiteral("Choose pen colour"), QColorDialog::ShowAlphaChannel);
+    if (color.isValid())
+        setCurrentPenColor(color.name(QColor::HexArgb));
+}
+
+void AppController::copyToClipboard(const QString &text)
+{
+    if (QClipboard *clipboard = QGuiApplication::clipboard())
+        clipboard->setText(text);
+}
+
+void AppController::reportKeystroke(const QString &combo)
+{
+    // No equality test: a repeated key must renew the display.
+    m_lastKeystroke = combo;
+    emit keystrokeChanged();
+}
+
+void AppController::toggleToolbar()
+{
+    setToolbarVisible(!m_toolbarVisible);
+}
+
+void AppController::setToolbarVisible(bool visible)
+{
+    if (visible == m_toolbarVisible)
+        return;
+    m_toolbarVisible = visible;
+    emit toolbarVisibleChanged();
+    refreshClickThroughState();
+}
+
+void AppController::setModalActive(bool active)
+{
+    if (active == m_modalActive)
+        return;
+    m_modalActive = active;
+    refreshClickThroughState();
+}
+
+void AppController::showSettingsPage(const QString &pageId)
+{
+    showSettings();
+    emit settingsPageRequested(pageId);
+}
+
+// --- Quit ------------------------------------------------------------------
+
+void AppController::requestQuit()
+{
+    if (m_settings && m_settings->confirmQuit()) {
+        emit quitRequested();
+        return;
+    }
+    qCDebug(lcController) << "AppController: quitting";
+    QCoreApplication::quit();
+}
+
+void AppController::confirmAndQuit(bool dontAskAgain)
+{
+    if (dontAskAgain && m_settings)
+        m_settings->setConfirmQuit(false);
+    qCDebug(lcController) << "AppController: quitting after confirmation";
+    QCoreApplication::quit();
+}
+
+// --- Capture ---------------------------------------------------------------
+
+void AppController::captureFullScreen()
+{
+    m_captureStatus = tr("Capture is not available.");
+    m_captureLastPath.clear();
+    emit captureStatusChanged();
+}
+
+void AppController::captureRegion()
+{
+    m_savedOverlayEnabled = m_overlayEnabled;
+    m_savedToolbarVisible = m_toolbarVisible;
+    if (m_overlayEnabled)
+        setOverlayEnabled(false);
+    setToolbarVisible(false);
+    setRegionSelecting(true);
+    emit regionCaptureRequested();
+}
+
+void AppController::commitRegionCapture(qreal x, qreal y, qreal w, qreal h)
+{
+    // Without a capture backend a committed selection ends like a cancelled one.
+    qCInfo(lcController) << "AppController: no capture backend for region" << x << y << w << h;
+    cancelRegionCapture();
+}
+
+void AppController::cancelRegionCapture()
+{
+    if (m_savedOverlayEnabled && !m_overlayEnabled)
+        setOverlayEnabled(true);
+    if (m_savedToolbarVisible && !m_toolbarVisible)
+        setToolbarVisible(true);
+    setRegionSelecting(false);
+}
+
+void AppController::setRegionSelecting(bool selecting)
+{
+    if (selecting == m_regionSelecting)
+        return;
+    m_regionSelecting = selecting;
+    emit regionSelectingChanged();
+}
+
+// --- Recording -------------------------------------------------------------
+
+void AppController::startRecording()
+{
+    if (!recordingAvailable()) {
+        qCInfo(lcController) << "Recording is disabled for this build/channel.";
+        return;
+    }
+    qCInfo(lcController) << "AppController: no recording backend in this build";
+}
+
+void AppController::pauseResumeRecording()
+{
+    if (!recordingAvailable())
+        return;
+    qCInfo(lcController) << "AppController: no recording backend in this build";
+}
+
+void AppController::stopRecording()
+{
+    if (!recordingAvailable())
+        return;
+    qCInfo(lcController) << "AppController: no recording backend in this build";
+}
+
+// --- Folders ---------------------------------------------------------------
+
+void AppController::revealInFolder(const QString &path)
+{
+    m_folderRevealer->reveal(path);
+}
+
+void AppController::chooseSaveFolder()
+{
+    if (!m_settings)
+        return;
+    QString start = m_settings->captureSaveFolder();
+    if (start.isEmpty())
+        start = QDir::homePath();
+    const QString folder = QFileDialog::getExistingDirectory(nullptr, tr("Choose Save Folder"),
+                                                             start, QFileDialog::ShowDirsOnly);
+    if (!folder.isEmpty())
+        m_settings->setCaptureSaveFolder(folder);
+}
+
+QScreen *AppController::controlScreen() const
+{
+    if (m_displayManager) {
+        const QString controlId = m_displayManager->controlDisplayId();
+        const QList<QScreen *> screens = QGuiApplication::screens();
+        for (QScreen *screen : screens) {
+            if (m_displayManager->displayIdForScreen(screen) == controlId)
+                return screen;
+        }
+    }
+    return QGuiApplication::primaryScreen();
+}
+
+// --- Pointer poll and click-through ------------------------------------------
+
+QPointF AppController::cursorPos() const
+{
+    return QCursor::pos();
+}
+
+QString AppController::displayIdAt(const QPointF &p) const
+{
+    QScreen *screen = QGuiApplication::screenAt(p.toPoint());
+    return screen && m_displayManager ? m_displayManager->displayIdForScreen(screen) : QString();
+}
+
+void AppController::setMousePosition(const QPointF &p)
+{
+    if (p == m_mousePosition)
+        return;
+    m_mousePosition = p;
+    emit mousePositionChanged();
+}
+
+void AppController::pollPointer()
+{
+    const QPointF p = cursorPos();
+
+    if (m_currentTool == QLatin1String("spotlight") && m_pointerButtons) {
+        // Only the press edge counts: buttons held since the last tick do not.
+        const int mask = m_pointerButtons->buttonMask()
+            & (PointerButtons::Left | PointerButtons::Right | PointerButtons::Middle);
+        const int newlyPressed = mask & ~m_previousButtons;
+        if (newlyPressed != 0)
+            emit mouseClicked(p, newlyPressed);
+        m_previousButtons = mask;
+    } else {
+        m_previousButtons = 0;
+    }
+
+    if (p != m_mousePosition) {
+        setMousePosition(p);
+        if (m_displayManager) {
+            const QString id = displayIdAt(p);
+            if (id != m_activeDisplayId) {
+                m_activeDisplayId = id;
+                emit activeDisplayIdChanged();
+            }
+        }
+        refreshClickThroughState();
+    }
+
+    if (m_toolbarDragging || m_toolbarMoving)
+        updateToolbarDragTarget(p);
+}
+
+ClickThroughState AppController::clickThroughState() const
+{
+    ClickThroughState state;
+    state.overlayEnabled = m_overlayEnabled;
+    state.currentTool = m_currentTool;
+    state.toolbarDragging = m_toolbarDragging;
+    state.toolbarMoving = m_toolbarMoving;
+    state.toolbarVisible = m_toolbarVisible;
+    state.firstRunDone = !m_settings || m_settings->firstRunDone();
+    state.regionSelecting = m_regionSelecting;
+    state.settingsVisible = m_settingsVisible;
+    state.modalActive = m_modalActive;
+    state.toolbarRect = m_toolbarRect;
+    state.helpButtonRect = m_helpButtonRect;
+    state.shortcutCardRect = m_shortcutCardRect;
+    state.statusBarRect = m_statusBarRect;
+    state.controlsRevealRect = m_controlsRevealRect;
+    state.toastRect = m_toastRect;
+    state.modalRect = m_modalRect;
+    return state;
+}
+
+std::optional<QRect> AppController::controlScreenGeometryAt(const QPointF &p) const
+{
+    if (!m_displayManager)
+        return std::nullopt;
+    QScreen *screen = QGuiApplication::screenAt(p.toPoint());
+    if (!screen
+        || m_displayManager->displayIdForScreen(screen) != m_displayManager->controlDisplayId())
+        return std::nullopt;
+    return screen->geometry();
+}
+
+bool AppController::isPointInToolbarZone(const QPointF &p) const
+{
+    return ClickThroughPolicy::isPointInToolbarZone(clickThroughState(), p,
+                                                    controlScreenGeometryAt(p));
+}
+
+void AppController::refreshClickThroughState()
+{
+    if (!m_overlayManager)
+        return;
+    const QPointF p = cursorPos();
+    setMousePosition(p);
+
+    const ClickThroughState state = clickThroughState();
+    m_overlayManager->setClickThrough(ClickThroughPolicy::overlayClickThrough(state));
+    const bool interactive =
+        ClickThroughPolicy::hudInteractive(state, p, controlScreenGeometryAt(p));
+    m_overlayManager->setWindowClickThrough(hudKey, !interactive);
+    // Every refresh, so the HUD stays above the overlay windows.
+    m_overlayManager->raiseWindow(hudKey);
+    m_lastHudInteractive = interactive;
+}
+
+void AppController::setRect(QRectF &field, const QRectF &rect, void (AppController::*notify)())
+{
+    if (rect == field)
+        return;
+    field = rect;
+    emit(this->*notify)();
+    refreshClickThroughState();
+}
+
+void AppController::setToolbarRect(const QRectF &rect)
+{
+    setRect(m_toolbarRect, rect, &AppController::toolbarRectChanged);
+}
+
+void AppController::setHelpButtonRect(const QRectF &rect)
+{
+    setRect(m_helpButtonRect, rect, &AppController::helpButtonRectChanged);
+}
+
+void AppController::setShortcutCardRect(const QRectF &rect)
+{
+    setRect(m_shortcutCardRect, rect, &AppController::shortcutCardRectChanged);
+}
+
+void AppController::setStatusBarRect(const QRectF &rect)
+{
+    setRect(m_statusBarRect, rect, &AppController::statusBarRectChanged);
+}
+
+void AppController::setControlsRevealRect(const QRectF &rect)
+{
+    setRect(m_controlsRevealRect, rect, &AppController::controlsRevealRectChanged);
+}
+
+void AppController::setToastRect(const QRectF &rect)
+{
+    setRect(m_toastRect, rect, &AppController::toastRectChanged);
+}
+
+void AppController::setModalRect(const QRectF &rect)
+{
+    setRect(m_modalRect, rect, &AppController::modalRectChanged);
+}
+
+// --- Toolbar relocation ------------------------------------------------------
+
+void AppController::updateToolbarDragTarget(const QPointF &p)
+{
+    const QString id = displayIdAt(p);
+    if (!id.isEmpty())
+        setToolbarDragTarget(id, m_displayManager->isDisplayEnabled(id));
+    else
+        setToolbarDragTarget(QString(), false);
+}
+
+void AppController::setToolbarDragTarget(const QString &id, bool enabled)
+{
+    const bool idChanged = id != m_toolbarDragTargetDisplayId;
+    const bool enabledChanged = enabled != m_toolbarDragTargetEnabled;
+    if (!idChanged && !enabledChanged)
+        return;
+    m_toolbarDragTargetDisplayId = id;
+    m_toolbarDragTargetEnabled = enabled;
+    if (idChanged)
+        emit toolbarDragTargetDisplayIdChanged();
+    if (enabledChanged)
+        emit toolbarDragTargetEnabledChanged();
+}
+
+void AppController::beginToolbarDrag()
+{
+    if (m_toolbarDragging)
+        return;
+    m_toolbarDragging = true;
+    emit toolbarDraggingChanged();
+    updateToolbarDragTarget(cursorPos());
+    refreshClickThroughState();
+}
+
+void AppController::beginToolbarMove()
+{
+    if (m_toolbarMoving)
+        return;
+    m_toolbarMoving = true;
+    emit toolbarMovingChanged();
+    updateToolbarDragTarget(cursorPos());
+    refreshClickThroughState();
+}
+
+void AppController::updateToolbarMove(const QPointF &globalPos)
+{
+    Q_UNUSED(globalPos) // the pointer is read directly, so QML may call with anything
+    if (!m_toolbarMoving)
+        return;
+    updateToolbarDragTarget(cursorPos());
+}
+
+void AppController::updateToolbarDrag(const QPointF &globalPos)
+{
+    if (!m_toolbarDragging && !m_toolbarMoving)
+        return;
+    const QPointF p = globalPos.isNull() ? cursorPos() : globalPos;
+    if (p != m_dragCursorPos) {
+        m_dragCursorPos = p;
+        emit dragCursorPosChanged();
+    }
+    updateToolbarDragTarget(p);
+}
+
+void AppController::updateToolbarMoveVisual(const QPointF &topLeft, const QSizeF &size)
+{
+    const QRectF rect(topLeft, size);
+    if (rect == m_toolbarMoveVisualRect)
+        return;
+    m_toolbarMoveVisualRect = rect;
+    emit toolbarMoveVisualRectChanged();
+}
+
+bool AppController::endToolbarDrag()
+{
+    if (!m_toolbarDragging)
+        return false;
+    updateToolbarDragTarget(cursorPos());
+    const QString target = m_toolbarDragTargetDisplayId;
+    const bool committed = m_toolbarDragTargetEnabled && m_displayManager
+        && target != m_displayManager->controlDisplayId();
+    if (committed)
+        m_displayManager->setControlDisplay(target);
+    m_toolbarDragging = false;
+    emit toolbarDraggingChanged();
+    setToolbarDragTarget(QString(), false);
+    refreshClickThroughState();
+    return committed;
+}
+
+bool AppController::endToolbarMove()
+{
+    if (!m_toolbarMoving)
+        return false;
+    updateToolbarDragTarget(cursorPos());
+    const QString target = m_toolbarDragTargetDisplayId;
+    const bool committed = m_toolbarDragTargetEnabled && m_displayManager
+        && target != m_displayManager->controlDisplayId();
+    if (committed)
+        m_displayManager->setControlDisplay(target);
+    m_toolbarMoving = false;
+    emit toolbarMovingChanged();
+    setToolbarDragTarget(QString(), false);
+    refreshClickThroughState();
+    // The windows settle on the new display a moment later; look again then.
+    QTimer::singleShot(50, this, &AppController::refreshClickThroughState);
+    QTimer::singleShot(150, this, &AppController::refreshClickThroughState);
+    return committed;
+}

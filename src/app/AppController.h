@@ -1,0 +1,271 @@
+#pragma once
+
+#include "display/ClickThroughPolicy.h"
+#include "platform/PointerButtons.h"
+
+#include <QObject>
+#include <QPointF>
+#include <QRectF>
+#include <QSizeF>
+#include <QString>
+
+#include <memory>
+
+class DisplayManager;
+class FolderRevealer;
+class OverlayManager;
+class QScreen;
+class QTimer;
+class SessionCapabilities;
+class SettingsManager;
+
+// The state every control surface talks to: tool, pause, pen colour, toolbar
+// visibility and relocation, the settings flag, the quit flow, region capture,
+// and the hit rectangles from which the pass-through of the overlay windows is
+// recomputed while a 16 ms poll follows the pointer.
+class AppController : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(AppController)
+
+    Q_PROPERTY(QString currentTool READ currentTool WRITE setTool NOTIFY currentToolChanged FINAL)
+    Q_PROPERTY(bool overlayEnabled READ overlayEnabled WRITE setOverlayEnabled NOTIFY
+                   overlayEnabledChanged FINAL)
+    Q_PROPERTY(bool magnifierEnabled READ magnifierEnabled WRITE setMagnifierEnabled NOTIFY
+                   magnifierEnabledChanged FINAL)
+    Q_PROPERTY(bool settingsVisible READ settingsVisible NOTIFY settingsVisibleChanged FINAL)
+    Q_PROPERTY(QPointF mousePosition READ mousePosition NOTIFY mousePositionChanged FINAL)
+    Q_PROPERTY(
+        QRectF toolbarRect READ toolbarRect WRITE setToolbarRect NOTIFY toolbarRectChanged FINAL)
+    Q_PROPERTY(QRectF helpButtonRect READ helpButtonRect WRITE setHelpButtonRect NOTIFY
+                   helpButtonRectChanged FINAL)
+    Q_PROPERTY(QRectF shortcutCardRect READ shortcutCardRect WRITE setShortcutCardRect NOTIFY
+                   shortcutCardRectChanged FINAL)
+    Q_PROPERTY(QRectF statusBarRect READ statusBarRect WRITE setStatusBarRect NOTIFY
+                   statusBarRectChanged FINAL)
+    Q_PROPERTY(QRectF controlsRevealRect READ controlsRevealRect WRITE setControlsRevealRect NOTIFY
+                   controlsRevealRectChanged FINAL)
+    Q_PROPERTY(QRectF toastRect READ toastRect WRITE setToastRect NOTIFY toastRectChanged FINAL)
+    Q_PROPERTY(QRectF modalRect READ modalRect WRITE setModalRect NOTIFY modalRectChanged FINAL)
+    Q_PROPERTY(QString currentPenColor READ currentPenColor WRITE setCurrentPenColor NOTIFY
+                   currentPenColorChanged FINAL)
+    Q_PROPERTY(QString lastKeystroke READ lastKeystroke NOTIFY keystrokeChanged FINAL)
+    Q_PROPERTY(bool toolbarVisible READ toolbarVisible WRITE setToolbarVisible NOTIFY
+                   toolbarVisibleChanged FINAL)
+    Q_PROPERTY(QString activeDisplayId READ activeDisplayId NOTIFY activeDisplayIdChanged FINAL)
+    Q_PROPERTY(bool toolbarDragging READ toolbarDragging NOTIFY toolbarDraggingChanged FINAL)
+    Q_PROPERTY(bool toolbarMoving READ toolbarMoving NOTIFY toolbarMovingChanged FINAL)
+    Q_PROPERTY(QRectF toolbarMoveVisualRect READ toolbarMoveVisualRect NOTIFY
+                   toolbarMoveVisualRectChanged FINAL)
+    Q_PROPERTY(QString toolbarDragTargetDisplayId READ toolbarDragTargetDisplayId NOTIFY
+                   toolbarDragTargetDisplayIdChanged FINAL)
+    Q_PROPERTY(bool toolbarDragTargetEnabled READ toolbarDragTargetEnabled NOTIFY
+                   toolbarDragTargetEnabledChanged FINAL)
+    Q_PROPERTY(QPointF dragCursorPos READ dragCursorPos NOTIFY dragCursorPosChanged FINAL)
+    Q_PROPERTY(QString linuxSessionType READ linuxSessionType CONSTANT FINAL)
+    Q_PROPERTY(QString linuxWindowingBackend READ linuxWindowingBackend CONSTANT FINAL)
+    Q_PROPERTY(QString linuxCapabilitySummary READ linuxCapabilitySummary CONSTANT FINAL)
+    Q_PROPERTY(bool linuxUsesX11Backend READ linuxUsesX11Backend CONSTANT FINAL)
+    Q_PROPERTY(bool linuxHotkeysAvailable READ linuxHotkeysAvailable CONSTANT FINAL)
+    Q_PROPERTY(bool linuxClickThroughAvailable READ linuxClickThroughAvailable CONSTANT FINAL)
+    Q_PROPERTY(
+        bool linuxInputVisualizationAvailable READ linuxInputVisualizationAvailable CONSTANT FINAL)
+    Q_PROPERTY(bool linuxPortalRequired READ linuxPortalRequired CONSTANT FINAL)
+    Q_PROPERTY(QString captureStatus READ captureStatus NOTIFY captureStatusChanged FINAL)
+    Q_PROPERTY(QString captureLastPath READ captureLastPath NOTIFY captureStatusChanged FINAL)
+    Q_PROPERTY(bool webpSupported READ webpSupported CONSTANT FINAL)
+    Q_PROPERTY(bool recordingAvailable READ recordingAvailable CONSTANT FINAL)
+    Q_PROPERTY(int recordingState READ recordingState NOTIFY recordingStateChanged FINAL)
+    Q_PROPERTY(int recordingElapsed READ recordingElapsed NOTIFY recordingElapsedChanged FINAL)
+    Q_PROPERTY(bool captureInProgress READ captureInProgress NOTIFY captureInProgressChanged FINAL)
+    Q_PROPERTY(bool regionSelecting READ regionSelecting NOTIFY regionSelectingChanged FINAL)
+
+public:
+    explicit AppController(
+        SettingsManager *settings, OverlayManager *overlayManager, DisplayManager *displayManager,
+        std::unique_ptr<PointerButtons> pointerButtons = PointerButtons::create(),
+        QObject *parent = nullptr);
+    ~AppController() override;
+
+    QString currentTool() const { return m_currentTool; }
+    bool overlayEnabled() const { return m_overlayEnabled; }
+    bool magnifierEnabled() const { return m_magnifierEnabled; }
+    bool settingsVisible() const { return m_settingsVisible; }
+    QPointF mousePosition() const { return m_mousePosition; }
+    QRectF toolbarRect() const { return m_toolbarRect; }
+    QRectF helpButtonRect() const { return m_helpButtonRect; }
+    QRectF shortcutCardRect() const { return m_shortcutCardRect; }
+    QRectF statusBarRect() const { return m_statusBarRect; }
+    QRectF controlsRevealRect() const { return m_controlsRevealRect; }
+    QRectF toastRect() const { return m_toastRect; }
+    QRectF modalRect() const { return m_modalRect; }
+    QString currentPenColor() const { return m_currentPenColor; }
+    QString lastKeystroke() const { return m_lastKeystroke; }
+    bool toolbarVisible() const { return m_toolbarVisible; }
+    QString activeDisplayId() const { return m_activeDisplayId; }
+    bool toolbarDragging() const { return m_toolbarDragging; }
+    bool toolbarMoving() const { return m_toolbarMoving; }
+    QRectF toolbarMoveVisualRect() const { return m_toolbarMoveVisualRect; }
+    QString toolbarDragTargetDisplayId() const { return m_toolbarDragTargetDisplayId; }
+    bool toolbarDragTargetEnabled() const { return m_toolbarDragTargetEnabled; }
+    QPointF dragCursorPos() const { return m_dragCursorPos; }
+    QString linuxSessionType() const;
+    QString linuxWindowingBackend() const;
+    QString linuxCapabilitySummary() const;
+    bool linuxUsesX11Backend() const;
+    bool linuxHotkeysAvailable() const;
+    bool linuxClickThroughAvailable() const;
+    bool linuxInputVisualizationAvailable() const;
+    bool linuxPortalRequired() const;
+    QString captureStatus() const { return m_captureStatus; }
+    QString captureLastPath() const { return m_captureLastPath; }
+    bool webpSupported() const { return false; }
+    // Read from the environment each time: the recording controls are a
+    // channel switch, on only for GLIMMORA_ENABLE_RECORDING=1.
+    bool recordingAvailable() const;
+    int recordingState() const { return 0; }
+    int recordingElapsed() const { return 0; }
+    bool captureInProgress() const { return m_captureInProgress; }
+    bool regionSelecting() const { return m_regionSelecting; }
+
+    void setToolbarRect(const QRectF &rect);
+    void setHelpButtonRect(const QRectF &rect);
+    void setShortcutCardRect(const QRectF &rect);
+    void setStatusBarRect(const QRectF &rect);
+    void setControlsRevealRect(const QRectF &rect);
+    void setToastRect(const QRectF &rect);
+    void setModalRect(const QRectF &rect);
+
+    // The HUD's interactive value from the last refresh.
+    bool hudInteractive() const { return m_lastHudInteractive; }
+
+    // The screen of the control display, else the primary screen.
+    QScreen *controlScreen() const;
+
+    // One tick of the pointer poll; the 16 ms timer calls it.
+    void pollPointer();
+
+    Q_INVOKABLE bool isPointInToolbarZone(const QPointF &p) const;
+
+public slots:
+    void setTool(const QString &tool);
+    void toggleOverlay();
+    void toggleMagnifier();
+    void setOverlayEnabled(bool enabled);
+    void setMagnifierEnabled(bool enabled);
+    void showSettings();
+    void hideSettings();
+    void setCurrentPenColor(const QString &color);
+    void openColorDialog();
+    void copyToClipboard(const QString &text);
+    void reportKeystroke(const QString &combo);
+    void toggleToolbar();
+    void setToolbarVisible(bool visible);
+    void setModalActive(bool active);
+    void refreshClickThroughState();
+    void requestQuit();
+    void confirmAndQuit(bool dontAskAgain);
+    void captureFullScreen();
+    void captureRegion();
+    void commitRegionCapture(qreal x, qreal y, qreal w, qreal h);
+    void cancelRegionCapture();
+    void showSettingsPage(const QString &pageId);
+    void startRecording();
+    void pauseResumeRecording();
+    void stopRecording();
+    QPointF cursorPos() const;
+    void beginToolbarDrag();
+    void updateToolbarDrag(const QPointF &globalPos);
+    bool endToolbarDrag();
+    void beginToolbarMove();
+    void updateToolbarMove(const QPointF &globalPos);
+    void updateToolbarMoveVisual(const QPointF &topLeft, const QSizeF &size);
+    bool endToolbarMove();
+    void revealInFolder(const QString &path);
+    void chooseSaveFolder();
+
+signals:
+    void currentToolChanged();
+    void overlayEnabledChanged();
+    void magnifierEnabledChanged();
+    void settingsVisibleChanged();
+    void mousePositionChanged();
+    void toolbarRectChanged();
+    void helpButtonRectChanged();
+    void shortcutCardRectChanged();
+    void statusBarRectChanged();
+    void controlsRevealRectChanged();
+    void toastRectChanged();
+    void modalRectChanged();
+    void currentPenColorChanged();
+    void keystrokeChanged();
+    void toolbarVisibleChanged();
+    void activeDisplayIdChanged();
+    void toolbarDraggingChanged();
+    void toolbarMovingChanged();
+    void toolbarMoveVisualRectChanged();
+    void toolbarDragTargetDisplayIdChanged();
+    void toolbarDragTargetEnabledChanged();
+    void dragCursorPosChanged();
+    void captureStatusChanged();
+    void recordingStateChanged();
+    void recordingElapsedChanged();
+    void captureInProgressChanged();
+    void regionSelectingChanged();
+    void settingsPageRequested(const QString &pageId);
+    void regionCaptureRequested();
+    void recordingSaved(const QString &path);
+    void quitRequested();
+    void mouseClicked(const QPointF &pos, int buttons);
+
+private:
+    void applyToolbarVisibilityForTool();
+    void setRect(QRectF &field, const QRectF &rect, void (AppController::*notify)());
+    void setMousePosition(const QPointF &p);
+    void setRegionSelecting(bool selecting);
+    void updateToolbarDragTarget(const QPointF &p);
+    void setToolbarDragTarget(const QString &id, bool enabled);
+    QString displayIdAt(const QPointF &p) const;
+    ClickThroughState clickThroughState() const;
+    std::optional<QRect> controlScreenGeometryAt(const QPointF &p) const;
+
+    SettingsManager *m_settings;
+    OverlayManager *m_overlayManager;
+    DisplayManager *m_displayManager;
+    std::unique_ptr<PointerButtons> m_pointerButtons;
+    std::unique_ptr<SessionCapabilities> m_session;
+    std::unique_ptr<FolderRevealer> m_folderRevealer;
+    QTimer *m_pollTimer = nullptr;
+
+    QString m_activeDisplayId;
+    QString m_currentTool = QStringLiteral("cursor");
+    QString m_currentPenColor = QStringLiteral("#F4C24A");
+    QString m_lastKeystroke;
+    bool m_toolbarVisible = true;
+    bool m_overlayEnabled = true;
+    bool m_magnifierEnabled = false;
+    bool m_settingsVisible = false;
+    bool m_modalActive = false;
+    bool m_toolbarDragging = false;
+    bool m_toolbarMoving = false;
+    QRectF m_toolbarMoveVisualRect;
+    bool m_toolbarDragTargetEnabled = false;
+    QString m_toolbarDragTargetDisplayId;
+    QPointF m_dragCursorPos;
+    QPointF m_mousePosition;
+    int m_previousButtons = 0;
+    bool m_lastHudInteractive = false;
+    QString m_captureStatus;
+    QString m_captureLastPath;
+    QRectF m_toolbarRect;
+    QRectF m_helpButtonRect;
+    QRectF m_shortcutCardRect;
+    QRectF m_statusBarRect;
+    QRectF m_controlsRevealRect;
+    QRectF m_toastRect;
+    QRectF m_modalRect;
+    bool m_captureInProgress = false;
+    bool m_regionSelecting = false;
+    bool m_savedOverlayEnabled = true;
+    bool m_savedToolbarVisible = true;
+};

@@ -1,0 +1,72 @@
+#include "display/OverlayManager.h"
+
+OverlayManager::OverlayManager(std::unique_ptr<WindowPassThrough> passThrough, QObject *parent)
+    : QObject(parent)
+    , m_passThrough(std::move(passThrough))
+{
+}
+
+OverlayManager::~OverlayManager() = default;
+
+bool OverlayManager::effectiveClickThrough(const QString &id) const
+{
+    return m_overrides.value(id, m_clickThrough);
+}
+
+void OverlayManager::setClickThrough(bool enabled)
+{
+    if (enabled == m_clickThrough)
+        return;
+    m_clickThrough = enabled;
+    m_overrides.clear();
+    for (const QPointer<QWindow> &window : std::as_const(m_windows))
+        applyClickThrough(window, enabled);
+    emit clickThroughChanged();
+}
+
+void OverlayManager::setWindowClickThrough(const QString &displayId, bool enabled)
+{
+    const auto it = m_windows.constFind(displayId);
+    if (it == m_windows.constEnd())
+        return;
+    if (enabled != m_clickThrough) {
+        if (effectiveClickThrough(displayId) != enabled) {
+            m_overrides.insert(displayId, enabled);
+            applyClickThrough(it.value(), enabled);
+        }
+    } else if (m_overrides.remove(displayId) > 0) {
+        applyClickThrough(it.value(), enabled);
+    }
+}
+
+void OverlayManager::raiseWindow(const QString &displayId)
+{
+    if (QWindow *window = m_windows.value(displayId))
+        window->raise();
+}
+
+void OverlayManager::registerWindow(const QString &id, QWindow *window)
+{
+    if (!window)
+        return;
+    m_windows.insert(id, window);
+    applyClickThrough(window, effectiveClickThrough(id));
+}
+
+void OverlayManager::unregisterWindow(const QString &id)
+{
+    m_windows.remove(id);
+    m_overrides.remove(id);
+}
+
+void OverlayManager::excludeFromCapture(QWindow *window)
+{
+    if (window && m_passThrough)
+        m_passThrough->excludeFromCapture(window);
+}
+
+void OverlayManager::applyClickThrough(QWindow *window, bool value)
+{
+    if (window && m_passThrough)
+        m_passThrough->setPassThrough(window, value);
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/WindowPassThrough.h"
+
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QWindow>
+
+#include <memory>
+
+// Holds the overlay windows by key (a display id, or "hud") and applies the
+// mouse pass-through value to them: one global value plus per-window
+// overrides that differ from it.
+class OverlayManager : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(OverlayManager)
+    Q_PROPERTY(bool clickThrough READ clickThrough NOTIFY clickThroughChanged FINAL)
+
+public:
+    explicit OverlayManager(
+        std::unique_ptr<WindowPassThrough> passThrough = WindowPassThrough::create(),
+        QObject *parent = nullptr);
+    ~OverlayManager() override;
+
+    bool clickThrough() const { return m_clickThrough; }
+
+    // The value the window under `id` has now: its override, else the global one.
+    bool effectiveClickThrough(const QString &id) const;
+    bool isRegistered(const QString &id) const { return m_windows.contains(id); }
+
+    void setClickThrough(bool enabled);
+    void setWindowClickThrough(const QString &displayId, bool enabled);
+    void raiseWindow(const QString &displayId);
+    void registerWindow(const QString &id, QWindow *window);
+    void unregisterWindow(const QString &id);
+
+    // Keeps the window out of screen grabs where the platform can.
+    void excludeFromCapture(QWindow *window);
+
+signals:
+    void clickThroughChanged();
+
+private:
+    void applyClickThrough(QWindow *window, bool value);
+
+    std::unique_ptr<WindowPassThrough> m_passThrough;
+    QHash<QString, QPointer<QWindow>> m_windows;
+    QHash<QString, bool> m_overrides;
+    bool m_clickThrough = true;
+};

@@ -1,0 +1,318 @@
+#include "display/OverlayWindowManager.h"
+
+#include "app/AppController.h"
+#include "display/DisplayManager.h"
+#include "display/OverlayManager.h"
+
+#include <QGuiApplication>
+#include <QLoggingCategory>
+#include <QQmlComponent>
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QQuickWindow>
+#include <QScreen>
+#include <QTimer>
+
+namespace {
+Q_LOGGING_CATEGORY(lcOverlayWindows, "glimmora.display")
+
+const QString hudKey = QStringLiteral("hud");
+
+QUrl documentUrl(const char *name)
+{
+    return QUrl(QStringLiteral("qrc:/qt/qml/GlimmoraApp/%1.qml").arg(QLatin1String(name)));
+}
+} // namespace
+
+OverlayWindowManager::OverlayWindowManager(DisplayManager *displayManager,
+                                           OverlayManager *overlayManager,
+                                           AppController *appController, QQmlEngine *engine,
+                                           QQuickWindow *mainWindow,
+                                           std::unique_ptr<OverlayWindowStyle> style,
+                                           QObject *parent)
+    : QObject(parent)
+    , m_displayManager(displayManager)
+    , m_overlayManager(overlayManager)
+    , m_appController(appController)
+    , m_engine(engine)
+    , m_mainWindow(mainWindow)
+    , m_style(std::move(style))
+{
+    if (m_mainWindow && m_style)
+        m_style->apply(m_mainWindow, OverlayWindowStyle::Focus::Never);
+
+    if (m_displayManager) {
+        connect(m_displayManager, &DisplayManager::displaysChanged, this, [this] {
+            syncSecondaries();
+            syncControlWindow();
+        });
+        connect(m_displayManager, &DisplayManager::controlDisplayIdChanged, this, [this] {
+            syncControlWindow();
+            syncSecondaries();
+        });
+    }
+    if (m_appController) {
+        connect(m_appController, &AppController::overlayEnabledChanged, this,
+                [this] { setOverlaysVisible(m_appController->overlayEnabled()); });
+        connect(m_appController, &AppController::toolbarDraggingChanged, this, [this] {
+            syncSecondaries();
+            syncControlWindow();
+        });
+        connect(m_appController, &AppController::toolbarMovingChanged, this, [this] {
+            syncControlWindow();
+            syncSecondaries();
+        });
+        connect(m_appController, &AppController::toolbarDragTargetDisplayIdChanged, this,
+                &OverlayWindowManager::syncSecondaries);
+    }
+    syncControlWindow();
+    syncSecondaries();
+}
+
+OverlayWindowManager::~OverlayWindowManager()
+{
+    destroyHud();
+    if (m_overlayManager && !m_currentControlId.isEmpty())
+        m_overlayManager->unregisterWindow(m_currentControlId);
+    for (auto it = m_secondaries.cbegin(); it != m_secondaries.cend(); ++it) {
+        if (m_overlayManager)
+            m_overlayManager->unregisterWindow(it.key());
+        delete it.value();
+    }
+    m_secondaries.clear();
+}
+
+void OverlayWindowManager::hideAll()
+{
+    if (m_mainWindow)
+        m_mainWindow->hide();
+    if (m_hud)
+        m_hud->hide();
+    for (QQuickWindow *window : std::as_const(m_secondaries))
+        window->hide();
+}
+
+QStringList OverlayWindowManager::wantedSecondaryIds(const QVariantList &displays,
+                                                     const QString &controlId, bool toolbarInMotion,
+                                                     const QString &dragTargetId)
+{
+    QStringList wanted;
+    for (const QVariant &row : displays) {
+        const QVariantMap display = row.toMap();
+        const QString id = display.value(QStringLiteral("id")).toString();
+        if (display.value(QStringLiteral("enabled")).toBool() && id != controlId
+            && !wanted.contains(id))
+            wanted.append(id);
+    }
+    // The drop target shows its highlight even on a display that is off.
+    if (toolbarInMotion && !dragTargetId.isEmpty() && dragTargetId != controlId
+        && !wanted.contains(dragTargetId))
+        wanted.append(dragTargetId);
+    return wanted;
+}
+
+void OverlayWindowManager::syncControlWindow()
+{
+    if (!m_mainWindow)
+        return;
+    QString id = controlDisplayId();
+    QScreen *screen = screenForDisplay(id);
+    if (!screen) {
+        // Until the display manager names another, the primary screen stands in.
+        screen = QGuiApplication::primaryScreen();
+        id = screen && m_displayManager ? m_displayManager->displayIdForScreen(screen) : QString();
+    }
+    if (!screen)
+        return;
+
+    if (m_overlayManager && !m_currentControlId.isEmpty() && m_currentControlId != id)
+        m_overlayManager->unregisterWindow(m_currentControlId);
+    // The main window takes this display over.
+    if (m_secondaries.contains(id))
+        destroySecondary(id);
+
+    m_mainWindow->setScreen(screen);
+    m_mainWindow->setGeometry(toolbarDragging() ? screen->virtualGeometry() : screen->geometry());
+    m_mainWindow->setVisible(true);
+    if (!id.isEmpty()) {
+        if (m_overlayManager)
+            m_overlayManager->registerWindow(id, m_mainWindow);
+        m_currentControlId = id;
+    }
+
+    if (!m_hud) {
+        createHud(screen);
+    } else {
+        m_hud->setScreen(screen);
+        m_hud->setGeometry(screen->geometry());
+        m_hud->raise();
+    }
+}
+
+void OverlayWindowManager::syncSecondaries()
+{
+    const QString control = controlDisplayId();
+    const QStringList wanted = wantedSecondaryIds(
+        m_displayManager ? m_displayManager->displays() : QVariantList(), control,
+        toolbarInMotion(),
+        m_appController ? m_appController->toolbarDragTargetDisplayId() : QString());
+
+    const QStringList live = m_secondaries.keys();
+    for (const QString &id : live) {
+        if (!wanted.contains(id))
+            destroySecondary(id);
+    }
+    for (const QString &id : wanted) {
+        QScreen *screen = screenForDisplay(id);
+        if (!screen)
+            continue;
+        if (QQuickWindow *window = m_secondaries.value(id)) {
+            window->setScreen(screen);
+            window->setGeometry(screen->geometry());
+        } else {
+            createSecondary(id, screen);
+        }
+    }
+}
+
+QScreen *OverlayWindowManager::screenForDisplay(const QString &displayId) const
+{
+    if (!m_displayManager || displayId.isEmpty())
+        return nullptr;
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    for (QScreen *screen : screens) {
+        if (m_displayManager->displayIdForScreen(screen) == displayId)
+            return screen;
+    }
+    return nullptr;
+}
+
+QString OverlayWindowManager::controlDisplayId() const
+{
+    return m_displayManager ? m_displayManager->controlDisplayId() : QString();
+}
+
+bool OverlayWindowManager::toolbarDragging() const
+{
+    return m_appController && m_appController->toolbarDragging();
+}
+
+bool OverlayWindowManager::toolbarInMotion() const
+{
+    return m_appController
+        && (m_appController->toolbarDragging() || m_appController->toolbarMoving());
+}
+
+void OverlayWindowManager::createSecondary(const QString &displayId, QScreen *screen)
+{
+    if (!m_engine)
+        return;
+    QQmlComponent component(m_engine, documentUrl("SecondaryOverlay"));
+    if (component.isError()) {
+        qCWarning(lcOverlayWindows).noquote()
+            << "OverlayWindowManager: failed to load SecondaryOverlay:" << component.errorString();
+        return;
+    }
+    QObject *object = component.createWithInitialProperties(
+        { { QStringLiteral("displayId"), displayId } }, m_engine->rootContext());
+    if (!object) {
+        qCWarning(lcOverlayWindows)
+            << "OverlayWindowManager: failed to create SecondaryOverlay for" << displayId;
+        return;
+    }
+    auto *window = qobject_cast<QQuickWindow *>(object);
+    if (!window) {
+        qCWarning(lcOverlayWindows)
+            << "OverlayWindowManager: SecondaryOverlay root is not a QQuickWindow";
+        delete object;
+        return;
+    }
+    // QWindow::setParent would make it a child window.
+    window->QObject::setParent(this);
+    if (m_style)
+        m_style->apply(window, OverlayWindowStyle::Focus::Never);
+    window->setScreen(screen);
+    window->setGeometry(screen->geometry());
+    window->show();
+    // Nothing stacks override-redirect windows but the program itself.
+    window->raise();
+    if (m_overlayManager)
+        m_overlayManager->registerWindow(displayId, window);
+    m_secondaries.insert(displayId, window);
+    qCDebug(lcOverlayWindows) << "OverlayWindowManager: created secondary overlay for" << displayId
+                              << "at" << window->geometry();
+}
+
+void OverlayWindowManager::destroySecondary(const QString &displayId)
+{
+    QQuickWindow *window = m_secondaries.take(displayId);
+    if (!window)
+        return;
+    if (m_overlayManager)
+        m_overlayManager->unregisterWindow(displayId);
+    window->close();
+    window->deleteLater();
+    qCDebug(lcOverlayWindows) << "OverlayWindowManager: destroyed secondary overlay for"
+                              << displayId;
+}
+
+void OverlayWindowManager::createHud(QScreen *screen)
+{
+    if (!m_engine)
+        return;
+    QQmlComponent component(m_engine, documentUrl("HudWindow"));
+    if (component.isError()) {
+        qCWarning(lcOverlayWindows).noquote()
+            << "OverlayWindowManager: failed to load HudWindow:" << component.errorString();
+        return;
+    }
+    QObject *object = component.create(m_engine->rootContext());
+    if (!object) {
+        qCWarning(lcOverlayWindows) << "OverlayWindowManager: failed to create HudWindow";
+        return;
+    }
+    auto *window = qobject_cast<QQuickWindow *>(object);
+    if (!window) {
+        qCWarning(lcOverlayWindows) << "OverlayWindowManager: HudWindow root is not a QQuickWindow";
+        delete object;
+        return;
+    }
+    window->QObject::setParent(this);
+    // The controls window takes the keyboard only when a dialog asks for it.
+    if (m_style)
+        m_style->apply(window, OverlayWindowStyle::Focus::OnRequest);
+    window->setScreen(screen);
+    window->setGeometry(screen->geometry());
+    window->show();
+    window->raise();
+    QPointer<QQuickWindow> hud(window);
+    QTimer::singleShot(0, this, [this, hud] {
+        if (hud && m_overlayManager)
+            m_overlayManager->excludeFromCapture(hud);
+    });
+    if (m_overlayManager)
+        m_overlayManager->registerWindow(hudKey, window);
+    m_hud = window;
+    if (m_appController)
+        QTimer::singleShot(0, m_appController, &AppController::refreshClickThroughState);
+    qCDebug(lcOverlayWindows) << "OverlayWindowManager: created HudWindow on" << screen->name()
+                              << "at" << window->geometry();
+}
+
+void OverlayWindowManager::destroyHud()
+{
+    if (!m_hud)
+        return;
+    if (m_overlayManager)
+        m_overlayManager->unregisterWindow(hudKey);
+    m_hud->close();
+    m_hud->deleteLater();
+    m_hud = nullptr;
+    qCDebug(lcOverlayWindows) << "OverlayWindowManager: destroyed HudWindow";
+}
+
+void OverlayWindowManager::setOverlaysVisible(bool visible)
+{
+    for (QQuickWindow *window : std::as_const(m_secondaries))
+        window->setVisible(visible);
+}

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "platform/OverlayWindowStyle.h"
+
+#include <QMap>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QStringList>
+#include <QVariantList>
+
+#include <memory>
+
+class AppController;
+class DisplayManager;
+class OverlayManager;
+class QQmlEngine;
+class QQuickWindow;
+class QScreen;
+
+// Owns the windows on the displays: the root document's window on the control
+// display, one SecondaryOverlay per other enabled display and the HudWindow
+// with the controls, and keeps them on their screens as displays come, go,
+// move and change roles.
+class OverlayWindowManager : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(OverlayWindowManager)
+
+public:
+    OverlayWindowManager(DisplayManager *displayManager, OverlayManager *overlayManager,
+                         AppController *appController, QQmlEngine *engine, QQuickWindow *mainWindow,
+                         std::unique_ptr<OverlayWindowStyle> style = OverlayWindowStyle::create(),
+                         QObject *parent = nullptr);
+    ~OverlayWindowManager() override;
+
+    // Hides every window; the objects stay. For the way out.
+    void hideAll();
+
+    QQuickWindow *hudWindow() const { return m_hud; }
+    QQuickWindow *secondary(const QString &displayId) const
+    {
+        return m_secondaries.value(displayId);
+    }
+    QStringList secondaryIds() const { return m_secondaries.keys(); }
+    QString currentControlId() const { return m_currentControlId; }
+
+    // The displays that get a secondary overlay: every enabled one but the
+    // control display, plus the target of a toolbar move, enabled or not.
+    static QStringList wantedSecondaryIds(const QVariantList &displays, const QString &controlId,
+                                          bool toolbarInMotion, const QString &dragTargetId);
+
+    void syncControlWindow();
+    void syncSecondaries();
+
+private:
+    QScreen *screenForDisplay(const QString &displayId) const;
+    QString controlDisplayId() const;
+    bool toolbarDragging() const;
+    bool toolbarInMotion() const;
+    void createSecondary(const QString &displayId, QScreen *screen);
+    void destroySecondary(const QString &displayId);
+    void createHud(QScreen *screen);
+    void destroyHud();
+    void setOverlaysVisible(bool visible);
+
+    DisplayManager *m_displayManager;
+    OverlayManager *m_overlayManager;
+    AppController *m_appController;
+    QQmlEngine *m_engine;
+    QPointer<QQuickWindow> m_mainWindow;
+    std::unique_ptr<OverlayWindowStyle> m_style;
+    QQuickWindow *m_hud = nullptr;
+    QString m_currentControlId;
+    QMap<QString, QQuickWindow *> m_secondaries;
+};

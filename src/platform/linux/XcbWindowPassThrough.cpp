@@ -1,0 +1,110 @@
+#include "platform/linux/XcbWindowPassThrough.h"
+
+#include <QGuiApplication>
+#include <QLoggingCategory>
+#include <QPlatformSurfaceEvent>
+#include <QWindow>
+
+#include <xcb/shape.h>
+#include <xcb/xcb.h>
+
+namespace {
+Q_LOGGING_CATEGORY(lcPassThrough, "glimmora.platform")
+}
+
+std::unique_ptr<WindowPassThrough> WindowPassThrough::create()
+{
+    return std::make_unique<XcbWindowPassThrough>();
+}
+
+XcbWindowPassThrough::XcbWindowPassThrough(QObject *parent)
+    : QObject(parent)
+{
+    auto *x11 = qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+    m_connection = x11 ? x11->connection() : nullptr;
+    if (!m_connection)
+        return;
+    const xcb_query_extension_reply_t *shape = xcb_get_extension_data(m_connection, &xcb_shape_id);
+    m_shapeAvailable = shape && shape->present;
+    if (!m_shapeAvailable)
+        qCWarning(lcPassThrough) << "XcbWindowPassThrough: the X server has no SHAPE extension;"
+                                 << "overlay windows will take every click";
+}
+
+void XcbWindowPassThrough::setPassThrough(QWindow *window, bool passThrough)
+{
+    if (!window || !m_shapeAvailable)
+        return;
+    track(window);
+    WindowState &state = m_windows[window];
+    state.wanted = passThrough;
+    apply(window, state);
+}
+
+void XcbWindowPassThrough::excludeFromCapture(QWindow *window)
+{
+    Q_UNUSED(window)
+    if (m_captureLimitLogged)
+        return;
+    m_captureLimitLogged = true;
+    qCInfo(lcPassThrough) << "XcbWindowPassThrough: X11 cannot exclude windows from capture;"
+                          << "the controls window stays visible in screenshots and recordings";
+}
+
+bool XcbWindowPassThrough::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::PlatformSurface) {
+        auto *window = static_cast<QWindow *>(watched);
+        auto it = m_windows.find(window);
+        if (it != m_windows.end()) {
+            const auto surfaceEvent =
+                static_cast<QPlatformSurfaceEvent *>(event)->surfaceEventType();
+            if (surfaceEvent == QPlatformSurfaceEvent::SurfaceCreated) {
+                // A new native window starts with no input region: it takes the mouse.
+                it->nativeWindow = static_cast<uint32_t>(window->winId());
+                it->applied = false;
+                apply(window, *it);
+            } else {
+                it->nativeWindow = 0;
+                it->applied.reset();
+            }
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void XcbWindowPassThrough::track(QWindow *window)
+{
+    if (m_windows.contains(window))
+        return;
+    WindowState state;
+    if (window->handle())
+        state.nativeWindow = static_cast<uint32_t>(window->winId());
+    m_windows.insert(window, state);
+    window->installEventFilter(this);
+    connect(window, &QObject::destroyed, this, [this, window] { m_windows.remove(window); });
+}
+
+void XcbWindowPassThrough::apply(QWindow *window, WindowState &state)
+{
+    // Without a native window the state waits for SurfaceCreated.
+    if (!window->handle() || state.nativeWindow == 0)
+        return;
+    if (state.applied == state.wanted)
+        return;
+    writeRegion(state.nativeWindow, state.wanted);
+    state.applied = state.wanted;
+}
+
+void XcbWindowPassThrough::writeRegion(uint32_t nativeWindow, bool passThrough)
+{
+    if (passThrough) {
+        xcb_shape_rectangles(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT,
+                             XCB_CLIP_ORDERING_UNSORTED, nativeWindow, 0, 0, 0, nullptr);
+    } else {
+        xcb_shape_mask(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, nativeWindow, 0, 0,
+                       XCB_NONE);
+    }
+    // The poll decides in one event-loop turn; the server should see it now.
+    xcb_flush(m_connection);
+}

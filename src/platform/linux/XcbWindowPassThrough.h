@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/WindowPassThrough.h"
+
+#include <QHash>
+#include <QObject>
+
+#include <cstdint>
+#include <optional>
+
+struct xcb_connection_t;
+
+// Mouse pass-through through the window's XShape input region: an empty
+// region lets every click fall to the window below, no region takes them all.
+// Qt's own transparent-for-input flag resets the region to the window's size
+// at the moment it is cleared, so a later resize would leave the new area
+// click-through; the region is therefore written here directly.
+class XcbWindowPassThrough : public QObject, public WindowPassThrough
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(XcbWindowPassThrough)
+
+public:
+    explicit XcbWindowPassThrough(QObject *parent = nullptr);
+
+    void setPassThrough(QWindow *window, bool passThrough) override;
+    void excludeFromCapture(QWindow *window) override;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    struct WindowState
+    {
+        bool wanted = false;
+        // Native window the region belongs to, and what it holds; unknown for
+        // a window that existed before it was handed to us.
+        uint32_t nativeWindow = 0;
+        std::optional<bool> applied;
+    };
+
+    void track(QWindow *window);
+    void apply(QWindow *window, WindowState &state);
+    void writeRegion(uint32_t nativeWindow, bool passThrough);
+
+    xcb_connection_t *m_connection = nullptr;
+    bool m_shapeAvailable = false;
+    bool m_captureLimitLogged = false;
+    QHash<QWindow *, WindowState> m_windows;
+};

@@ -1,0 +1,12 @@
+#include "platform/windows/WinOverlayWindowStyle.h"
+
+std::unique_ptr<OverlayWindowStyle> OverlayWindowStyle::create()
+{
+    return std::make_unique<WinOverlayWindowStyle>();
+}
+
+void WinOverlayWindowStyle::apply(QWindow *window, Focus focus)
+{
+    Q_UNUSED(window)
+    Q_UNUSED(focus)
+}

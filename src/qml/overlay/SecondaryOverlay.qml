@@ -1,0 +1,56 @@
+import QtQuick
+import QtQuick.Window
+
+// The drawing layers on an enabled display other than the control display,
+// and the drop target of a toolbar move, where it shows only the highlight.
+Window {
+    id: root
+
+    required property string displayId
+
+    readonly property bool toolbarInMotion: appController.toolbarDragging
+                                            || appController.toolbarMoving
+    readonly property bool isDragTarget: root.toolbarInMotion
+                                         && appController.toolbarDragTargetDisplayId === root.displayId
+    // Whether this display is on; true while it has no row at all.
+    readonly property bool displayEnabled: {
+        const rows = displayManager ? displayManager.displays : [];
+        for (let i = 0; i < rows.length; ++i) {
+            if (rows[i].id === root.displayId)
+                return rows[i].enabled;
+        }
+        return true;
+    }
+    // A display that is off exists during a move only to show where the toolbar may go.
+    readonly property bool dragPreviewOnly: root.isDragTarget && !root.displayEnabled
+
+    // What each layer shows; the layers bind their `visible` to these.
+    readonly property bool spotlightVisible: appController.currentTool === "spotlight"
+                                             && !root.dragPreviewOnly
+    readonly property bool committedLayerVisible: !root.dragPreviewOnly
+    readonly property bool inputLayerVisible: appController.currentTool !== "spotlight"
+                                              && !root.dragPreviewOnly
+    readonly property bool toolbarPreviewVisible: appController.toolbarMoving && root.isDragTarget
+                                                  && appController.toolbarDragTargetEnabled
+
+    flags: Qt.Window | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint | Qt.Tool
+    color: "transparent"
+    title: "Glimmora"
+    visible: {
+        if (!appController.overlayEnabled)
+            return false;
+        if (root.isDragTarget)
+            return true;
+        return root.displayEnabled;
+    }
+
+    // Layers, bottom to top, each filling the window with `displayId: root.displayId`:
+    //   SpotlightOverlay             visible: root.spotlightVisible
+    //   CommittedDrawingLayer        visible: root.committedLayerVisible
+    //   DrawingInputLayer            visible: root.inputLayerVisible
+    //   ControlDisplayDropHighlight  z: 80, its own visibility rule
+    //   FloatingToolbar preview      enabled: false, opacity: 0.88, z: 90,
+    //                                visible: root.toolbarPreviewVisible,
+    //                                x: Math.round((root.width - width) / 2), y: 14
+    // Their documents join the module with the annotation and toolbar work.
+}

@@ -1,0 +1,181 @@
+#include "XTestSession.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <xcb/shape.h>
+#include <xcb/xcb.h>
+#include <xcb/xtest.h>
+
+namespace {
+template<typename T>
+using Reply = std::unique_ptr<T, decltype(&std::free)>;
+
+template<typename T>
+Reply<T> wrap(T *reply)
+{
+    return Reply<T>(reply, &std::free);
+}
+} // namespace
+
+XTestSession::XTestSession()
+{
+    xcb_connection_t *connection = xcb_connect(nullptr, nullptr);
+    if (xcb_connection_has_error(connection)) {
+        xcb_disconnect(connection);
+        return;
+    }
+    m_connection = connection;
+    m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
+    const xcb_query_extension_reply_t *shape = xcb_get_extension_data(m_connection, &xcb_shape_id);
+    if (shape && shape->present)
+        m_shapeEventBase = shape->first_event;
+}
+
+XTestSession::~XTestSession()
+{
+    if (m_connection)
+        xcb_disconnect(m_connection);
+}
+
+void XTestSession::moveTo(QPoint global)
+{
+    xcb_test_fake_input(m_connection, XCB_MOTION_NOTIFY, 0, XCB_CURRENT_TIME, m_root,
+                        static_cast<int16_t>(global.x()), static_cast<int16_t>(global.y()), 0);
+    sync();
+}
+
+void XTestSession::click(QPoint global, int button)
+{
+    moveTo(global);
+    press(button);
+    release(button);
+}
+
+void XTestSession::press(int button)
+{
+    xcb_test_fake_input(m_connection, XCB_BUTTON_PRESS, static_cast<uint8_t>(button),
+                        XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+    sync();
+}
+
+void XTestSession::release(int button)
+{
+    xcb_test_fake_input(m_connection, XCB_BUTTON_RELEASE, static_cast<uint8_t>(button),
+                        XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+    sync();
+}
+
+uint32_t XTestSession::inputFocus()
+{
+    auto reply =
+        wrap(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+    return reply ? reply->focus : 0;
+}
+
+QRect XTestSession::geometry(uint32_t window)
+{
+    auto geometry =
+        wrap(xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, window), nullptr));
+    auto origin = wrap(xcb_translate_coordinates_reply(
+        m_connection, xcb_translate_coordinates(m_connection, window, m_root, 0, 0), nullptr));
+    if (!geometry || !origin)
+        return {};
+    return QRect(origin->dst_x, origin->dst_y, geometry->width, geometry->height);
+}
+
+bool XTestSession::isOverrideRedirect(uint32_t window)
+{
+    auto attributes = wrap(xcb_get_window_attributes_reply(
+        m_connection, xcb_get_window_attributes(m_connection, window), nullptr));
+    return attributes && attributes->override_redirect;
+}
+
+uint32_t XTestSession::atom(const char *name)
+{
+    auto reply = wrap(xcb_intern_atom_reply(
+        m_connection,
+        xcb_intern_atom(m_connection, 0, static_cast<uint16_t>(std::strlen(name)), name), nullptr));
+    return reply ? reply->atom : 0;
+}
+
+uint32_t XTestSession::cardinalProperty(uint32_t window, const char *name)
+{
+    auto reply = wrap(xcb_get_property_reply(
+        m_connection,
+        xcb_get_property(m_connection, 0, window, atom(name), XCB_ATOM_CARDINAL, 0, 1), nullptr));
+    if (!reply || reply->format != 32 || xcb_get_property_value_length(reply.get()) < 4)
+        return 0;
+    return *static_cast<uint32_t *>(xcb_get_property_value(reply.get()));
+}
+
+QList<uint32_t> XTestSession::atomProperty(uint32_t window, const char *name)
+{
+    auto reply = wrap(xcb_get_property_reply(
+        m_connection, xcb_get_property(m_connection, 0, window, atom(name), XCB_ATOM_ATOM, 0, 256),
+        nullptr));
+    QList<uint32_t> atoms;
+    if (!reply || reply->format != 32)
+        return atoms;
+    const auto *values = static_cast<const uint32_t *>(xcb_get_property_value(reply.get()));
+    atoms = QList<uint32_t>(values, values + xcb_get_property_value_length(reply.get()) / 4);
+    return atoms;
+}
+
+QList<uint32_t> XTestSession::mappedWindowsOf(qint64 pid)
+{
+    QList<uint32_t> result;
+    auto tree =
+        wrap(xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, m_root), nullptr));
+    if (!tree)
+        return result;
+    const xcb_window_t *children = xcb_query_tree_children(tree.get());
+    const int count = xcb_query_tree_children_length(tree.get());
+    for (int i = 0; i < count; ++i) {
+        auto attributes = wrap(xcb_get_window_attributes_reply(
+            m_connection, xcb_get_window_attributes(m_connection, children[i]), nullptr));
+        if (!attributes || attributes->map_state != XCB_MAP_STATE_VIEWABLE)
+            continue;
+        if (cardinalProperty(children[i], "_NET_WM_PID") == static_cast<uint32_t>(pid))
+            result.append(children[i]);
+    }
+    return result;
+}
+
+void XTestSession::watchInputShape(uint32_t window)
+{
+    xcb_shape_select_input(m_connection, window, 1);
+    sync();
+    drainEvents();
+    m_inputShapeEvents.removeAll(window);
+}
+
+int XTestSession::takeInputShapeChanges(uint32_t window, xcb_connection_t *other)
+{
+    // A round trip on the other connection puts its requests behind us; one
+    // on ours then brings in every event they caused.
+    if (other)
+        std::free(xcb_get_input_focus_reply(other, xcb_get_input_focus(other), nullptr));
+    sync();
+    drainEvents();
+    const int count = static_cast<int>(m_inputShapeEvents.removeAll(window));
+    return count;
+}
+
+void XTestSession::sync()
+{
+    std::free(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+}
+
+void XTestSession::drainEvents()
+{
+    while (xcb_generic_event_t *event = xcb_poll_for_event(m_connection)) {
+        if (m_shapeEventBase != 0
+            && (event->response_type & 0x7f) == m_shapeEventBase + XCB_SHAPE_NOTIFY) {
+            const auto *notify = reinterpret_cast<xcb_shape_notify_event_t *>(event);
+            if (notify->shape_kind == XCB_SHAPE_SK_INPUT)
+                m_inputShapeEvents.append(notify->affected_window);
+        }
+        std::free(event);
+    }
+}

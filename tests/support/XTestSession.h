@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QList>
+#include <QPoint>
+#include <QRect>
+
+#include <cstdint>
+
+struct xcb_connection_t;
+
+// A second client on the test's X server that acts as the user: it moves the
+// pointer and clicks through XTest and looks at windows the way any other
+// client sees them.
+class XTestSession
+{
+public:
+    XTestSession();
+    ~XTestSession();
+    XTestSession(const XTestSession &) = delete;
+    XTestSession &operator=(const XTestSession &) = delete;
+
+    bool isValid() const { return m_connection != nullptr; }
+
+    void moveTo(QPoint global);
+    // Moves there, presses and releases; returns once the server has done it.
+    void click(QPoint global, int button = 1);
+    void press(int button);
+    void release(int button);
+
+    uint32_t inputFocus();
+    QRect geometry(uint32_t window);
+    bool isOverrideRedirect(uint32_t window);
+    uint32_t cardinalProperty(uint32_t window, const char *name);
+    QList<uint32_t> atomProperty(uint32_t window, const char *name);
+    uint32_t atom(const char *name);
+
+    // Mapped top-level windows whose _NET_WM_PID is pid, bottom to top.
+    QList<uint32_t> mappedWindowsOf(qint64 pid);
+
+    // Counts changes of the window's input region from here on.
+    void watchInputShape(uint32_t window);
+    // The input-region changes seen since the last call, after everything
+    // sent before by `other` (the connection that changes it) has arrived.
+    int takeInputShapeChanges(uint32_t window, xcb_connection_t *other);
+
+    // Waits until the server has processed every request sent so far.
+    void sync();
+
+private:
+    void drainEvents();
+
+    xcb_connection_t *m_connection = nullptr;
+    uint32_t m_root = 0;
+    uint8_t m_shapeEventBase = 0;
+    QList<uint32_t> m_inputShapeEvents;
+};
