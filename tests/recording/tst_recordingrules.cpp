@@ -1,0 +1,163 @@
+#include "recording/FramePacer.h"
+#include "recording/H264Settings.h"
+
+#include <QTest>
+
+// Encoder settings, sample times and frame pacing: the arithmetic a recording
+// depends on for its size, its timeline and its drop counter.
+class TestRecordingRules : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void bitrate_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<int>("fps");
+        QTest::addColumn<int>("preset");
+        QTest::addColumn<int>("bitrate");
+        QTest::newRow("720p30 balanced is the first row exactly")
+            << QSize(1280, 720) << 30 << 1 << 2000000;
+        QTest::newRow("one pixel more takes the next row")
+            << QSize(1281, 720) << 30 << 1 << 3500000;
+        QTest::newRow("1080p30 balanced") << QSize(1920, 1080) << 30 << 1 << 3500000;
+        QTest::newRow("1080p30 small file") << QSize(1920, 1080) << 30 << 0 << 2450000;
+        QTest::newRow("1080p30 high quality") << QSize(1920, 1080) << 30 << 2 << 5075000;
+        QTest::newRow("1440p high quality") << QSize(2560, 1440) << 30 << 2 << 8700000;
+        QTest::newRow("4k small file") << QSize(3840, 2160) << 30 << 0 << 7000000;
+        QTest::newRow("above 4k high quality") << QSize(3840, 2162) << 30 << 2 << 20300000;
+        QTest::newRow("60 fps doubles") << QSize(1280, 720) << 60 << 1 << 4000000;
+        QTest::newRow("120 fps is capped at double") << QSize(1280, 720) << 120 << 1 << 4000000;
+        QTest::newRow("15 fps scales by 0.75, not 0.5") << QSize(1280, 720) << 15 << 1 << 1500000;
+        QTest::newRow("negative preset is the small file")
+            << QSize(1280, 720) << 30 << -3 << 1400000;
+        QTest::newRow("preset above 2 is high quality") << QSize(1280, 720) << 30 << 7 << 2900000;
+    }
+
+    void bitrate()
+    {
+        QFETCH(QSize, size);
+        QFETCH(int, fps);
+        QFETCH(int, preset);
+        QFETCH(int, bitrate);
+        QCOMPARE(H264Settings::bitrateFor(size, fps, preset), bitrate);
+        QCOMPARE(H264Settings::forStream(size, fps, preset).bitrate, bitrate);
+    }
+
+    void presetTable_data()
+    {
+        QTest::addColumn<int>("fps");
+        QTest::addColumn<int>("preset");
+        QTest::addColumn<int>("profile");
+        QTest::addColumn<int>("keyframeSpacing");
+        QTest::addColumn<int>("rateControl");
+        QTest::addColumn<int>("quality");
+        QTest::addColumn<int>("qualityVsSpeed");
+        QTest::newRow("small file: main, 4 s keyframes, unconstrained")
+            << 30 << 0 << 77 << 120 << 2 << 55 << 75;
+        QTest::newRow("balanced: main, 2 s keyframes") << 30 << 1 << 77 << 60 << 1 << 70 << 75;
+        QTest::newRow("high quality: high profile, slower")
+            << 30 << 2 << 100 << 60 << 1 << 85 << 45;
+        QTest::newRow("preset clamped below") << 30 << -1 << 77 << 120 << 2 << 55 << 75;
+        QTest::newRow("preset clamped above") << 30 << 9 << 100 << 60 << 1 << 85 << 45;
+        QTest::newRow("keyframe spacing follows fps") << 25 << 1 << 77 << 50 << 1 << 70 << 75;
+    }
+
+    void presetTable()
+    {
+        QFETCH(int, fps);
+        QFETCH(int, preset);
+        const H264Settings s = H264Settings::forStream(QSize(1920, 1080), fps, preset);
+        QTEST(s.profile, "profile");
+        QTEST(s.keyframeSpacing, "keyframeSpacing");
+        QTEST(s.rateControl, "rateControl");
+        QTEST(s.quality, "quality");
+        QTEST(s.qualityVsSpeed, "qualityVsSpeed");
+        QVERIFY(s.qualityPreset >= 0 && s.qualityPreset <= 2);
+    }
+
+    void alignedSize_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<int>("multiple");
+        QTest::addColumn<QSize>("aligned");
+        QTest::newRow("even stays") << QSize(1920, 1080) << 2 << QSize(1920, 1080);
+        QTest::newRow("odd rounds up") << QSize(1365, 767) << 2 << QSize(1366, 768);
+        QTest::newRow("memory input to 16") << QSize(1920, 1080) << 16 << QSize(1920, 1088);
+    }
+
+    void alignedSize()
+    {
+        QFETCH(QSize, size);
+        QFETCH(int, multiple);
+        QTEST(H264Settings::alignedSize(size, multiple), "aligned");
+    }
+
+    void sampleTimes_data()
+    {
+        QTest::addColumn<QList<qint64>>("timestampsMs");
+        QTest::addColumn<QList<qint64>>("ticks");
+        QTest::newRow("rising times pass through")
+            << QList<qint64> { 0, 33, 67 } << QList<qint64> { 0, 330000, 670000 };
+        QTest::newRow("an equal time is one millisecond later, and later ones build on it")
+            << QList<qint64> { 100, 100, 100, 150 }
+            << QList<qint64> { 1000000, 1010000, 1020000, 1500000 };
+        QTest::newRow("a time going backwards still rises")
+            << QList<qint64> { 500, 200, 501 } << QList<qint64> { 5000000, 5010000, 5020000 };
+    }
+
+    void sampleTimes()
+    {
+        QFETCH(QList<qint64>, timestampsMs);
+        QFETCH(QList<qint64>, ticks);
+        SampleTimeline timeline;
+        QList<qint64> stamped;
+        for (qint64 ms : timestampsMs)
+            stamped.append(timeline.stamp(ms));
+        QCOMPARE(stamped, ticks);
+    }
+
+    void pacing_data()
+    {
+        QTest::addColumn<QList<qint64>>("ticksMs");
+        QTest::addColumn<QList<bool>>("admitted");
+        QTest::addColumn<qint64>("dropped");
+        QTest::newRow("first tick, however late, adds nothing")
+            << QList<qint64> { 5000 } << QList<bool> { true } << qint64(0);
+        QTest::newRow("steady 33 ms ticks") << QList<qint64> { 34, 67, 100, 134 }
+                                            << QList<bool> { true, true, true, true } << qint64(0);
+        QTest::newRow("a tick that does not reach a new frame counts as a drop")
+            << QList<qint64> { 34, 66 } << QList<bool> { true, false } << qint64(1);
+        QTest::newRow("a gap adds target - last - 1")
+            << QList<qint64> { 34, 200 } << QList<bool> { true, true } << qint64(4);
+        QTest::newRow("a pause of two seconds is counted whole")
+            << QList<qint64> { 100, 2100 } << QList<bool> { true, true } << qint64(59);
+    }
+
+    void pacing()
+    {
+        QFETCH(QList<qint64>, ticksMs);
+        QFETCH(QList<bool>, admitted);
+        FramePacer pacer(30);
+        QList<bool> got;
+        for (qint64 ms : ticksMs)
+            got.append(pacer.admit(ms));
+        QCOMPARE(got, admitted);
+        QTEST(pacer.droppedFrames(), "dropped");
+    }
+
+    void busyTickCountsAsDrop()
+    {
+        FramePacer pacer(30);
+        QVERIFY(pacer.admit(40));
+        pacer.countBusyTick();
+        QCOMPARE(pacer.droppedFrames(), qint64(1));
+        QCOMPARE(pacer.lastFrameIndex(), qint64(1));
+        pacer.reset(30);
+        QCOMPARE(pacer.droppedFrames(), qint64(0));
+        QCOMPARE(pacer.lastFrameIndex(), qint64(-1));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestRecordingRules)
+#include "tst_recordingrules.moc"
