@@ -117,8 +117,8 @@ void BenchClickThrough::initTestCase()
     m_settings = std::make_unique<SettingsManager>(std::unique_ptr<LoginEntry>());
     m_displays = std::make_unique<DisplayManager>(m_settings.get());
     m_overlays = std::make_unique<OverlayManager>();
-    m_controller =
-        std::make_unique<AppController>(m_settings.get(), m_overlays.get(), m_displays.get());
+    m_controller = std::make_unique<AppController>(m_settings.get(), m_overlays.get(), nullptr,
+                                                   nullptr, m_displays.get(), nullptr);
     m_engine = std::make_unique<QQmlApplicationEngine>();
     QQmlContext *context = m_engine->rootContext();
     context->setContextProperty("appController", m_controller.get());

@@ -1,9 +1,13 @@
 #include "app/AppController.h"
 
+#include "capture/CaptureManager.h"
 #include "display/DisplayManager.h"
 #include "display/OverlayManager.h"
+#include "drawing/DrawingModel.h"
+#include "drawing/RenderStrokesToImage.h"
 #include "platform/FolderRevealer.h"
 #include "platform/SessionCapabilities.h"
+#include "recording/RecordingManager.h"
 #include "settings/SettingsManager.h"
 
 #include <QClipboard>
@@ -13,7 +17,9 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QGuiApplication>
+#include <QImage>
 #include <QLoggingCategory>
+#include <QPointer>
 #include <QScreen>
 #include <QTimer>
 
@@ -21,6 +27,9 @@ Q_LOGGING_CATEGORY(lcController, "glimmora.app.controller")
 
 namespace {
 constexpr int pollIntervalMs = 16;
+// Long enough for the toolbar and the HUD chrome to vanish from the screen
+// before it is grabbed.
+constexpr int captureDelayMs = 120;
 const QString hudKey = QStringLiteral("hud");
 
 bool isNonDrawingTool(const QString &tool)
@@ -30,12 +39,16 @@ bool isNonDrawingTool(const QString &tool)
 } // namespace
 
 AppController::AppController(SettingsManager *settings, OverlayManager *overlayManager,
-                             DisplayManager *displayManager,
+                             DrawingModel *drawingModel, CaptureManager *captureManager,
+                             DisplayManager *displayManager, RecordingManager *recordingManager,
                              std::unique_ptr<PointerButtons> pointerButtons, QObject *parent)
     : QObject(parent)
     , m_settings(settings)
     , m_overlayManager(overlayManager)
     , m_displayManager(displayManager)
+    , m_drawingModel(drawingModel)
+    , m_captureManager(captureManager)
+    , m_recordingManager(recordingManager)
     , m_pointerButtons(std::move(pointerButtons))
     , m_session(SessionCapabilities::create())
     , m_folderRevealer(FolderRevealer::create())
@@ -63,6 +76,14 @@ AppController::AppController(SettingsManager *settings, OverlayManager *overlayM
         });
         if (!m_settings->firstRunDone())
             refreshClickThroughState();
+    }
+    if (m_recordingManager) {
+        connect(m_recordingManager, &RecordingManager::stateChanged, this,
+                &AppController::recordingStateChanged);
+        connect(m_recordingManager, &RecordingManager::elapsedSecondsChanged, this,
+                &AppController::recordingElapsedChanged);
+        connect(m_recordingManager, &RecordingManager::finished, this,
+                &AppController::onRecordingFinished);
     }
 
     m_pollTimer = new QTimer(this);
@@ -148,9 +169,17 @@ void AppController::setOverlayEnabled(bool enabled)
 {
     if (enabled == m_overlayEnabled)
         return;
-    // The drawing model's clear-on-pause joins here when the model exists.
+    // Every way to pause clears, also a region capture or a saved recording.
+    if (!enabled && m_drawingModel && m_settings && m_settings->clearOnPause())
+        m_drawingModel->clear();
     m_overlayEnabled = enabled;
     emit overlayEnabledChanged();
+}
+
+void AppController::clearDrawing()
+{
+    if (m_drawingModel)
+        m_drawingModel->clear();
 }
 
 void AppController::setMagnifierEnabled(bool enabled)
@@ -260,10 +289,61 @@ void AppController::confirmAndQuit(bool dontAskAgain)
 
 // --- Capture ---------------------------------------------------------------
 
+bool AppController::webpSupported() const
+{
+    return m_captureManager && m_captureManager->webpSupported();
+}
+
+QImage AppController::annotationImage(QScreen *screen) const
+{
+    // With the overlay on, the strokes are on screen and in the grab already.
+    if (!m_drawingModel || !screen || !m_settings || !m_settings->captureIncludeAnnotations()
+        || m_overlayEnabled)
+        return {};
+    const QString displayId = m_displayManager ? m_displayManager->controlDisplayId() : QString();
+    return renderStrokesToImage(m_drawingModel, screen->size(), screen->devicePixelRatio(),
+                                displayId);
+}
+
 void AppController::captureFullScreen()
 {
-    m_captureStatus = tr("Capture is not available.");
-    m_captureLastPath.clear();
+    if (!m_captureManager) {
+        m_captureStatus = tr("Capture is not available.");
+        m_captureLastPath.clear();
+        emit captureStatusChanged();
+        return;
+    }
+    QScreen *screen = controlScreen();
+    QImage annotations = annotationImage(screen);
+    const bool toolbarWasVisible = m_toolbarVisible;
+    setToolbarVisible(false);
+    setCaptureInProgress(true);
+    QTimer::singleShot(captureDelayMs, this,
+                       [this, screen = QPointer<QScreen>(screen), annotations, toolbarWasVisible] {
+                           QString path;
+                           QString error;
+                           const bool ok =
+                               m_captureManager->captureScreen(screen, annotations, &path, &error);
+                           if (toolbarWasVisible)
+                               setToolbarVisible(true);
+                           finishCapture(ok, path, error);
+                       });
+}
+
+void AppController::setCaptureInProgress(bool inProgress)
+{
+    if (inProgress == m_captureInProgress)
+        return;
+    m_captureInProgress = inProgress;
+    emit captureInProgressChanged();
+}
+
+void AppController::finishCapture(bool success, const QString &path, const QString &error)
+{
+    setCaptureInProgress(false);
+    m_captureLastPath = path;
+    // The HUD tells success from failure by this exact text.
+    m_captureStatus = success ? tr("Capture saved") : error;
     emit captureStatusChanged();
 }
 
@@ -280,9 +360,31 @@ void AppController::captureRegion()
 
 void AppController::commitRegionCapture(qreal x, qreal y, qreal w, qreal h)
 {
-    // Without a capture backend a committed selection ends like a cancelled one.
-    qCInfo(lcController) << "AppController: no capture backend for region" << x << y << w << h;
-    cancelRegionCapture();
+    if (!m_captureManager) {
+        cancelRegionCapture();
+        return;
+    }
+    QScreen *screen = controlScreen();
+    const qreal scale = screen ? screen->devicePixelRatio() : 1.0;
+    const QRect region(qRound(x * scale), qRound(y * scale), qRound(w * scale), qRound(h * scale));
+    QImage annotations = annotationImage(screen);
+    const bool overlayWasOn = m_savedOverlayEnabled;
+    const bool toolbarWasVisible = m_savedToolbarVisible;
+    setRegionSelecting(false);
+    setCaptureInProgress(true);
+    QTimer::singleShot(captureDelayMs, this,
+                       [this, screen = QPointer<QScreen>(screen), region, annotations, overlayWasOn,
+                        toolbarWasVisible] {
+                           QString path;
+                           QString error;
+                           const bool ok = m_captureManager->captureScreenRegion(
+                               screen, region, annotations, &path, &error);
+                           if (overlayWasOn)
+                               setOverlayEnabled(true);
+                           if (toolbarWasVisible)
+                               setToolbarVisible(true);
+                           finishCapture(ok, path, error);
+                       });
 }
 
 void AppController::cancelRegionCapture()
@@ -310,21 +412,40 @@ void AppController::startRecording()
         qCInfo(lcController) << "Recording is disabled for this build/channel.";
         return;
     }
-    qCInfo(lcController) << "AppController: no recording backend in this build";
+    if (m_recordingManager)
+        m_recordingManager->start(controlScreen());
 }
 
 void AppController::pauseResumeRecording()
 {
-    if (!recordingAvailable())
-        return;
-    qCInfo(lcController) << "AppController: no recording backend in this build";
+    if (recordingAvailable() && m_recordingManager)
+        m_recordingManager->togglePause();
 }
 
 void AppController::stopRecording()
 {
-    if (!recordingAvailable())
-        return;
-    qCInfo(lcController) << "AppController: no recording backend in this build";
+    if (recordingAvailable() && m_recordingManager)
+        m_recordingManager->stop();
+}
+
+int AppController::recordingState() const
+{
+    return m_recordingManager ? int(m_recordingManager->state()) : 0;
+}
+
+int AppController::recordingElapsed() const
+{
+    return m_recordingManager ? m_recordingManager->elapsedSeconds() : 0;
+}
+
+void AppController::onRecordingFinished(bool success, const QString &path)
+{
+    if (success && !path.isEmpty())
+        emit recordingSaved(path);
+    if (m_settings && m_settings->recordOpenFolderAfterStop()) {
+        setOverlayEnabled(false);
+        revealInFolder(path);
+    }
 }
 
 // --- Folders ---------------------------------------------------------------

@@ -11,10 +11,14 @@
 
 #include <memory>
 
+class CaptureManager;
 class DisplayManager;
+class DrawingModel;
 class FolderRevealer;
 class OverlayManager;
+class QImage;
 class QScreen;
+class RecordingManager;
 class QTimer;
 class SessionCapabilities;
 class SettingsManager;
@@ -81,8 +85,11 @@ class AppController : public QObject
     Q_PROPERTY(bool regionSelecting READ regionSelecting NOTIFY regionSelectingChanged FINAL)
 
 public:
+    // Every manager may be null; each use tests for it.
     explicit AppController(
-        SettingsManager *settings, OverlayManager *overlayManager, DisplayManager *displayManager,
+        SettingsManager *settings, OverlayManager *overlayManager, DrawingModel *drawingModel,
+        CaptureManager *captureManager, DisplayManager *displayManager,
+        RecordingManager *recordingManager,
         std::unique_ptr<PointerButtons> pointerButtons = PointerButtons::create(),
         QObject *parent = nullptr);
     ~AppController() override;
@@ -119,12 +126,12 @@ public:
     bool linuxPortalRequired() const;
     QString captureStatus() const { return m_captureStatus; }
     QString captureLastPath() const { return m_captureLastPath; }
-    bool webpSupported() const { return false; }
+    bool webpSupported() const;
     // Read from the environment each time: the recording controls are a
     // channel switch, on only for GLIMMORA_ENABLE_RECORDING=1.
     bool recordingAvailable() const;
-    int recordingState() const { return 0; }
-    int recordingElapsed() const { return 0; }
+    int recordingState() const;
+    int recordingElapsed() const;
     bool captureInProgress() const { return m_captureInProgress; }
     bool regionSelecting() const { return m_regionSelecting; }
 
@@ -141,6 +148,9 @@ public:
 
     // The screen of the control display, else the primary screen.
     QScreen *controlScreen() const;
+    // The strokes of the control display for a capture, or a null image when
+    // they are already on screen or not wanted.
+    QImage annotationImage(QScreen *screen) const;
 
     // One tick of the pointer poll; the 16 ms timer calls it.
     void pollPointer();
@@ -152,6 +162,7 @@ public slots:
     void toggleOverlay();
     void toggleMagnifier();
     void setOverlayEnabled(bool enabled);
+    void clearDrawing();
     void setMagnifierEnabled(bool enabled);
     void showSettings();
     void hideSettings();
@@ -223,6 +234,9 @@ private:
     void setRect(QRectF &field, const QRectF &rect, void (AppController::*notify)());
     void setMousePosition(const QPointF &p);
     void setRegionSelecting(bool selecting);
+    void setCaptureInProgress(bool inProgress);
+    void finishCapture(bool success, const QString &path, const QString &error);
+    void onRecordingFinished(bool success, const QString &path);
     void updateToolbarDragTarget(const QPointF &p);
     void setToolbarDragTarget(const QString &id, bool enabled);
     QString displayIdAt(const QPointF &p) const;
@@ -232,6 +246,9 @@ private:
     SettingsManager *m_settings;
     OverlayManager *m_overlayManager;
     DisplayManager *m_displayManager;
+    DrawingModel *m_drawingModel;
+    CaptureManager *m_captureManager;
+    RecordingManager *m_recordingManager;
     std::unique_ptr<PointerButtons> m_pointerButtons;
     std::unique_ptr<SessionCapabilities> m_session;
     std::unique_ptr<FolderRevealer> m_folderRevealer;

@@ -4,13 +4,17 @@
 #include "app/LanguageLoader.h"
 #include "app/LogFile.h"
 #include "app/SingleInstanceLock.h"
+#include "app/ThemeFonts.h"
+#include "capture/CaptureManager.h"
 #include "display/DisplayManager.h"
 #include "display/OverlayManager.h"
 #include "display/OverlayWindowManager.h"
+#include "drawing/DrawingModel.h"
+#include "hotkeys/HotkeyManager.h"
+#include "recording/RecordingManager.h"
 #include "settings/SettingsManager.h"
 
 #include <QApplication>
-#include <QFontDatabase>
 #include <QLoggingCategory>
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
@@ -26,17 +30,60 @@ Q_LOGGING_CATEGORY(lcStartup, "glimmora.app")
 namespace {
 const QUrl mainDocument(QStringLiteral("qrc:/qt/qml/GlimmoraApp/Main.qml"));
 
-void addFonts()
+// The global hotkeys follow the settings and the overlay state, and their
+// commands end in the controller.
+void wireHotkeys(HotkeyManager &hotkeys, SettingsManager &settings, AppController &controller,
+                 DrawingModel &drawingModel)
 {
-    // A missing font leaves the platform's default in its place.
-    const char *const fonts[] = {
-        ":/fonts/Geist-Regular.ttf",         ":/fonts/Geist-Medium.ttf",
-        ":/fonts/Geist-SemiBold.ttf",        ":/fonts/Geist-Bold.ttf",
-        ":/fonts/JetBrainsMono-Regular.ttf",
+    const auto syncFilter = [&] {
+        hotkeys.setKeystrokeFilter(settings.keystrokesEnabled(), settings.showModifierKeys(),
+                                   settings.showFunctionKeys(), settings.showNavigationKeys(),
+                                   settings.showAlphaNumericKeys());
     };
-    for (const char *font : fonts)
-        QFontDatabase::addApplicationFont(QString::fromLatin1(font));
+    const auto syncCommandKeys = [&] {
+        hotkeys.setCommandKeysActive(controller.overlayEnabled() && !controller.settingsVisible());
+    };
+    const auto syncHotkeys = [&] {
+        hotkeys.setHotkeys(settings.hotkeyMap());
+    };
+    syncFilter();
+    syncCommandKeys();
+    syncHotkeys();
+    for (auto signal :
+         { &SettingsManager::keystrokesEnabledChanged, &SettingsManager::showModifierKeysChanged,
+           &SettingsManager::showFunctionKeysChanged, &SettingsManager::showNavigationKeysChanged,
+           &SettingsManager::showAlphaNumericKeysChanged })
+        QObject::connect(&settings, signal, &hotkeys, syncFilter);
+    QObject::connect(&controller, &AppController::overlayEnabledChanged, &hotkeys, syncCommandKeys);
+    QObject::connect(&controller, &AppController::settingsVisibleChanged, &hotkeys,
+                     syncCommandKeys);
+    QObject::connect(&settings, &SettingsManager::hotkeysChanged, &hotkeys, syncHotkeys);
+
+    QObject::connect(&hotkeys, &HotkeyManager::toggleOverlayRequested, &controller,
+                     &AppController::toggleOverlay);
+    QObject::connect(&hotkeys, &HotkeyManager::settingsRequested, &controller,
+                     &AppController::showSettings);
+    QObject::connect(&hotkeys, &HotkeyManager::toolRequested, &controller, &AppController::setTool);
+    QObject::connect(&hotkeys, &HotkeyManager::undoRequested, &drawingModel, [&] {
+        if (settings.undoRedoEnabled())
+            drawingModel.undoLastStroke();
+    });
+    QObject::connect(&hotkeys, &HotkeyManager::redoRequested, &drawingModel, [&] {
+        if (settings.undoRedoEnabled())
+            drawingModel.redoLastStroke();
+    });
+    QObject::connect(&hotkeys, &HotkeyManager::clearRequested, &controller,
+                     &AppController::clearDrawing);
+    QObject::connect(&hotkeys, &HotkeyManager::captureFullScreenRequested, &controller,
+                     &AppController::captureFullScreen);
+    QObject::connect(&hotkeys, &HotkeyManager::captureRegionRequested, &controller,
+                     &AppController::captureRegion);
+    QObject::connect(&hotkeys, &HotkeyManager::quitRequested, &controller,
+                     &AppController::requestQuit);
+    QObject::connect(&hotkeys, &HotkeyManager::keystrokeRequested, &controller,
+                     &AppController::reportKeystroke);
 }
+
 } // namespace
 
 int runGlimmora(int argc, char *argv[])
@@ -66,14 +113,23 @@ int runGlimmora(int argc, char *argv[])
 
     DisplayManager displayManager(&settings);
     OverlayManager overlayManager;
-    // Drawing model, capture, recording and render-backend managers are built
-    // here, in that order, followed by the tray.
+    DrawingModel drawingModel;
+    CaptureManager captureManager(&settings);
+    RecordingManager recordingManager(&settings);
 
-    AppController appController(&settings, &overlayManager, &displayManager);
-    // The tray's initialise step, the window-backdrop object and the global
-    // hotkey service (primed from the current state, then wired) follow here.
+    drawingModel.setUndoRedoEnabled(settings.undoRedoEnabled());
+    QObject::connect(&settings, &SettingsManager::undoRedoEnabledChanged, &drawingModel,
+                     [&] { drawingModel.setUndoRedoEnabled(settings.undoRedoEnabled()); });
 
-    addFonts();
+    AppController appController(&settings, &overlayManager, &drawingModel, &captureManager,
+                                &displayManager, &recordingManager);
+
+    HotkeyManager hotkeyManager;
+    wireHotkeys(hotkeyManager, settings, appController, drawingModel);
+    hotkeyManager.start();
+
+    ThemeFonts::addBundledFonts();
+    ThemeFonts::installFamilyLists();
 
     qCDebug(lcStartup) << "Loading QML engine...";
     QQmlApplicationEngine engine;
@@ -82,12 +138,12 @@ int runGlimmora(int argc, char *argv[])
     context->setContextProperty(QStringLiteral("appController"), &appController);
     context->setContextProperty(QStringLiteral("settingsManager"), &settings);
     context->setContextProperty(QStringLiteral("displayManager"), &displayManager);
-    context->setContextProperty(QStringLiteral("drawingModel"), none);
+    context->setContextProperty(QStringLiteral("drawingModel"), &drawingModel);
     context->setContextProperty(QStringLiteral("renderBackendManager"), none);
     // Only a platform with a permission flow gives the documents an object.
     context->setContextProperty(QStringLiteral("macPermissions"), none);
     context->setContextProperty(QStringLiteral("winAcrylic"), none);
-    context->setContextProperty(QStringLiteral("hotkeyManager"), none);
+    context->setContextProperty(QStringLiteral("hotkeyManager"), &hotkeyManager);
 
     QObject::connect(
         &engine, &QQmlApplicationEngine::objectCreationFailed, &app,
@@ -117,9 +173,12 @@ int runGlimmora(int argc, char *argv[])
     // once the main window does.
     OverlayWindowManager overlayWindows(&displayManager, &overlayManager, &appController, &engine,
                                         qobject_cast<QQuickWindow *>(engine.rootObjects().first()));
-    QObject::connect(&app, &QCoreApplication::aboutToQuit, &overlayWindows, [&overlayWindows] {
+    QObject::connect(&app, &QCoreApplication::aboutToQuit, &overlayWindows, [&] {
         overlayWindows.hideAll();
-        // A running recording is stopped here once the recording manager exists.
+        // A recording running at quit is stopped, not abandoned.
+        const RecordingManager::State state = recordingManager.state();
+        if (state != RecordingManager::Idle && state != RecordingManager::Failed)
+            recordingManager.stop();
     });
 
     qCDebug(lcStartup) << "Glimmora started.";

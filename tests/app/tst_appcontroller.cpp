@@ -57,7 +57,8 @@ private:
     {
         controller.reset();
         buttons = std::make_shared<int>(0);
-        controller = std::make_unique<AppController>(settings.get(), overlays.get(), displays.get(),
+        controller = std::make_unique<AppController>(settings.get(), overlays.get(), nullptr,
+                                                     nullptr, displays.get(), nullptr,
                                                      std::make_unique<FakePointerButtons>(buttons));
     }
 

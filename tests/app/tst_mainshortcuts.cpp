@@ -56,8 +56,9 @@ private slots:
         settings = std::make_unique<SettingsManager>();
         displays = std::make_unique<DisplayManager>(settings.get());
         overlays = std::make_unique<OverlayManager>(std::make_unique<NullPassThrough>());
-        controller = std::make_unique<AppController>(settings.get(), overlays.get(), displays.get(),
-                                                     std::make_unique<NoButtons>());
+        controller =
+            std::make_unique<AppController>(settings.get(), overlays.get(), nullptr, nullptr,
+                                            displays.get(), nullptr, std::make_unique<NoButtons>());
         engine = std::make_unique<QQmlApplicationEngine>();
         QQmlContext *context = engine->rootContext();
         const QVariant none = QVariant::fromValue<QObject *>(nullptr);

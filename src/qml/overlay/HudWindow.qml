@@ -23,6 +23,31 @@ Window {
     readonly property real windowGlobalX: root.x
     readonly property real windowGlobalY: root.y
 
+    function defaultToolbarX(): real {
+        return Math.round((root.width - toolbar.width) / 2);
+    }
+
+    function defaultToolbarY(): real {
+        return AppTheme.px(14);
+    }
+
+    function clampToolbar() {
+        if (toolbar.width <= 0 || toolbar.height <= 0)
+            return;
+        const margin = AppTheme.px(12);
+        toolbar.x = root.clamp(toolbar.x, margin, Math.max(margin, root.width - toolbar.width - margin));
+        toolbar.y = root.clamp(toolbar.y, margin, Math.max(margin, root.height - toolbar.height - margin));
+    }
+
+    // The toolbar has no free position: it returns to the top centre of
+    // whatever display is the control display.
+    function resetControlLayout() {
+        toolbar.x = Qt.binding(root.defaultToolbarX);
+        toolbar.y = Qt.binding(root.defaultToolbarY);
+        root.clampToolbar();
+        root.syncInteractiveRectsLater();
+    }
+
     function clamp(value: real, low: real, high: real): real {
         return Math.max(low, Math.min(high, value));
     }
@@ -87,10 +112,12 @@ Window {
 
     function syncInteractiveRects() {
         root.syncControlsRevealRect();
-        // Each chrome element adds its line here as it joins the window:
-        // toolbarRect from FloatingToolbar.toolbarRect (zero unless it is visible and
-        // the chrome shows), toastRect from FloatingToolbar.toastRect (not tied to the
-        // chrome), statusBarRect from ModeBadge, helpButtonRect from HelpButton and
+        appController.toolbarRect = root.chromeRect(toolbar, toolbar.toolbarRect);
+        // The toast is not part of the chrome: it stays reachable while it shows.
+        appController.toastRect = toolbar.toastRect.width > 0 ? root.globalRect(toolbar.toastRect)
+                                                              : Qt.rect(0, 0, 0, 0);
+        // Each further chrome element adds its line here as it joins the window:
+        // statusBarRect from ModeBadge, helpButtonRect from HelpButton and
         // shortcutCardRect from ShortcutReferenceCard.cardRect, all through chromeRect().
     }
 
@@ -148,17 +175,111 @@ Window {
         // Quit dialog (QuitDialog, z 300): on quitRequested open it, then raise()
         // and requestActivate(); its visible changes call setModalActive(visible),
         // accepted calls confirmAndQuit(dontAskAgain), rejected hides it.
-        // Region capture (RegionCaptureOverlay): on regionCaptureRequested show it
-        // with focus; committed hides it and calls commitRegionCapture, cancelled
-        // hides it and calls cancelRegionCapture.
+
+        function onRegionCaptureRequested() {
+            regionOverlay.visible = true;
+            // Overlay windows refuse focus; Esc must reach the selection.
+            root.requestActivate();
+            regionOverlay.forceActiveFocus();
+        }
+
+        function onToolbarMovingChanged() {
+            if (!appController.toolbarMoving)
+                postMoveLayoutResetTimer.restart();
+        }
     }
 
-    // FloatingToolbar `toolbar` (default z): at defaultToolbarX()/defaultToolbarY(),
-    // visible with toolbarVisible and uiVisible; with it come clampToolbar(),
-    // resetControlLayout() and its 20 ms and 90 ms timers, the drag wiring and the
-    // quit request (Qt.quit() unless confirmQuit, else the quit dialog).
-    // MagnifierLens (default z): active on Windows with magnifierEnabled, uiVisible
-    // and no region selection; zoom bound to magnifierZoomFactor.
+    Connections {
+        target: displayManager
+
+        function onControlDisplayIdChanged() {
+            layoutResetTimer.restart();
+            postMoveLayoutResetTimer.restart();
+        }
+
+        function onDisplaysChanged() {
+            layoutResetTimer.restart();
+            postMoveLayoutResetTimer.restart();
+        }
+    }
+
+    Timer {
+        id: layoutResetTimer
+        interval: 20
+        onTriggered: root.resetControlLayout()
+    }
+
+    Timer {
+        id: postMoveLayoutResetTimer
+        interval: 90
+        onTriggered: root.resetControlLayout()
+    }
+
+    FloatingToolbar {
+        id: toolbar
+
+        objectName: "toolbar"
+        x: root.defaultToolbarX()
+        y: root.defaultToolbarY()
+        visible: appController.toolbarVisible && root.uiVisible
+        opacity: root.controlsChromeVisible ? 1 : 0
+        transform: Translate {
+            y: root.controlsChromeVisible ? 0 : -toolbar.height - root.defaultToolbarY() - AppTheme.px(10)
+
+            Behavior on y {
+                NumberAnimation { duration: root.controlsSlideDuration; easing.type: Easing.OutCubic }
+            }
+        }
+
+        Behavior on opacity {
+            NumberAnimation { duration: root.controlsFadeDuration; easing.type: Easing.OutCubic }
+        }
+
+        onXChanged: root.syncInteractiveRectsLater()
+        onYChanged: root.syncInteractiveRectsLater()
+        onWidthChanged: root.syncInteractiveRectsLater()
+        onHeightChanged: root.syncInteractiveRectsLater()
+        onVisibleChanged: root.syncInteractiveRectsLater()
+        onToolbarRectChanged: root.syncInteractiveRectsLater()
+        onToastRectChanged: root.syncInteractiveRectsLater()
+        onDragMoveTo: function (toolbarWindowX, toolbarWindowY, globalCursorX, globalCursorY) {
+            toolbar.x = toolbarWindowX;
+            toolbar.y = toolbarWindowY;
+            appController.updateToolbarDrag(Qt.point(globalCursorX, globalCursorY));
+        }
+        onDragFinished: root.resetControlLayout()
+        onQuitRequested: {
+            if (!settingsManager.confirmQuit)
+                Qt.quit();
+            else
+                appController.requestQuit();
+        }
+    }
+
+    // The lens grabs the screen below this window, so it never shows itself.
+    MagnifierLens {
+        active: (AppTheme.isWindows || AppTheme.isLinux) && appController.magnifierEnabled && root.uiVisible
+                && !appController.regionSelecting
+        windowGlobalX: root.windowGlobalX
+        windowGlobalY: root.windowGlobalY
+        zoomFactor: settingsManager.magnifierZoomFactor
+        onZoomChanged: function (newZoom) { settingsManager.setMagnifierZoomFactor(newZoom); }
+    }
+
+    RegionCaptureOverlay {
+        id: regionOverlay
+
+        objectName: "regionOverlay"
+        visible: false
+        onCommitted: function (x, y, w, h) {
+            regionOverlay.visible = false;
+            appController.commitRegionCapture(x, y, w, h);
+        }
+        onCancelled: {
+            regionOverlay.visible = false;
+            appController.cancelRegionCapture();
+        }
+    }
 
     ControlDisplayDropHighlight {
         displayId: displayManager.controlDisplayId
@@ -205,8 +326,14 @@ Window {
     // SettingsWindow by AppTheme.isLinux / AppTheme.isMacOS, with
     // activeSettingsPanel() giving the same choice. OnboardingCard (z 150) while
     // firstRunDone is false, its visible changes calling setModalActive.
-    // Keystroke card (default z) at keystrokeCardX()/keystrokeCardY().
     // MacPermissionFlow (z 97) on macOS only.
+
+    KeystrokeCard {
+        id: keystrokeCard
+
+        x: root.keystrokeCardX(keystrokeCard.width)
+        y: root.keystrokeCardY(keystrokeCard.height)
+    }
 
     CaptureFeedback {
         id: captureFeedback

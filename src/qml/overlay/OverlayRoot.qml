@@ -1,4 +1,5 @@
 import QtQuick
+import GlimmoraApp
 
 // The drawing layers of the control display, inside the root document's
 // window. The window itself stays up while the display is switched off, so
@@ -34,9 +35,18 @@ Item {
     anchors.fill: parent
     visible: root.displayEnabled
 
-    // Layers, bottom to top, each filling the root with `displayId: root.displayId`:
-    //   SpotlightOverlay       visible: root.spotlightVisible
-    //   CommittedDrawingLayer  visible: root.committedLayerVisible
-    //   DrawingInputLayer      visible: root.inputLayerVisible
-    // Their documents join the module with the spotlight and annotation work.
+    SpotlightOverlay {
+        anchors.fill: parent
+        visible: root.spotlightVisible
+    }
+
+    CommittedDrawingLayer {
+        anchors.fill: parent
+        visible: root.committedLayerVisible
+    }
+
+    DrawingInputLayer {
+        anchors.fill: parent
+        visible: root.inputLayerVisible
+    }
 }

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Window
+import GlimmoraApp
 
 // The drawing layers on an enabled display other than the control display,
 // and the drop target of a toolbar move, where it shows only the highlight.
@@ -44,13 +45,32 @@ Window {
         return root.displayEnabled;
     }
 
-    // Layers, bottom to top, each filling the window with `displayId: root.displayId`:
-    //   SpotlightOverlay             visible: root.spotlightVisible
-    //   CommittedDrawingLayer        visible: root.committedLayerVisible
-    //   DrawingInputLayer            visible: root.inputLayerVisible
-    //   ControlDisplayDropHighlight  z: 80, its own visibility rule
-    //   FloatingToolbar preview      enabled: false, opacity: 0.88, z: 90,
-    //                                visible: root.toolbarPreviewVisible,
-    //                                x: Math.round((root.width - width) / 2), y: 14
-    // Their documents join the module with the annotation and toolbar work.
+    SpotlightOverlay {
+        anchors.fill: parent
+        visible: root.spotlightVisible
+    }
+
+    CommittedDrawingLayer {
+        anchors.fill: parent
+        visible: root.committedLayerVisible
+    }
+
+    DrawingInputLayer {
+        anchors.fill: parent
+        visible: root.inputLayerVisible
+    }
+
+    ControlDisplayDropHighlight {
+        displayId: root.displayId
+    }
+
+    // Where the toolbar will land if dropped here.
+    FloatingToolbar {
+        enabled: false
+        opacity: 0.88
+        z: 90
+        visible: root.toolbarPreviewVisible
+        x: Math.round((root.width - width) / 2)
+        y: 14
+    }
 }
