@@ -15,7 +15,6 @@ scratch=$(mktemp -d /tmp/glimmora-tests.XXXXXX)
 trap 'rm -rf "$scratch"' EXIT
 export XDG_CONFIG_HOME="$scratch/config" XDG_DATA_HOME="$scratch/data" XDG_CACHE_HOME="$scratch/cache"
 export XDG_RUNTIME_DIR="$scratch/runtime" && mkdir -p "$XDG_RUNTIME_DIR" && chmod 700 "$XDG_RUNTIME_DIR"
-export QSG_RENDER_LOOP=basic
 
 status=0
 ctest --test-dir "$build_dir" -L unit -j 2 --output-on-failure || status=1

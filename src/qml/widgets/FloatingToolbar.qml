@@ -83,6 +83,7 @@ Item {
                 delegate: ToolbarButton {
                     id: toolButton
                     required property string modelData
+                    objectName: "tool-" + toolButton.modelData
                     iconSrc: "qrc:/qt/qml/GlimmoraApp/src/assets/icons/" + toolButton.modelData + ".svg"
                     active: appController.overlayEnabled && appController.currentTool === toolButton.modelData
                     onClicked: {
@@ -100,6 +101,8 @@ Item {
                 delegate: ColorSwatch {
                     id: swatch
                     required property color modelData
+                    required property int index
+                    objectName: "swatch-" + swatch.index
                     swatchColor: swatch.modelData
                     current: appController.currentPenColor.toLowerCase() === swatch.modelData.toString().toLowerCase()
                     onPicked: appController.setCurrentPenColor(swatch.modelData.toString().toUpperCase())
@@ -112,7 +115,9 @@ Item {
                 }
             }
             ToolbarSeparator {}
-            SizeScrubber {}
+            SizeScrubber {
+                objectName: "sizeScrubber"
+            }
             ToolbarSeparator {}
             ToolbarButton {
                 visible: root.magnifierAvailable
@@ -126,6 +131,7 @@ Item {
             }
             ToolbarSeparator { visible: root.magnifierAvailable }
             ToolbarButton {
+                objectName: "undoButton"
                 iconSrc: root.iconBase + "undo.svg"
                 toolTip: "Undo  %1".arg(root.shortcutLabel("undo"))
                 tbEnabled: settingsManager.undoRedoEnabled && drawingModel && drawingModel.canUndo

@@ -48,6 +48,7 @@ Item {
 
         Item {
             id: track
+            objectName: "sizeTrack"
             width: AppTheme.px(70)
             height: root.height
 

@@ -1,0 +1,131 @@
+// Frames per second and CPU of the whole process with the spotlight following
+// a moving pointer, with the magnifier on, and with the spotlight on and the
+// pointer still; beside a reference window that redraws a full-screen
+// rectangle every frame in the same run.
+#include "AssembledApp.h"
+#include "XTestSession.h"
+#include "app/AppController.h"
+#include "settings/SettingsManager.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cmath>
+#include <cstdio>
+#include <sys/resource.h>
+
+namespace {
+
+double processCpuSeconds()
+{
+    rusage usage {};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_utime.tv_sec + usage.ru_stime.tv_sec
+        + (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
+}
+
+struct Figures
+{
+    double fps = 0;
+    double cpuPercent = 0;
+};
+
+// Runs the event loop for `seconds`, moving the pointer in a circle at 60 Hz
+// when `moving`, and counts the frames `window` presents.
+Figures measure(QQuickWindow *window, XTestSession &user, bool moving, double seconds)
+{
+    int frames = 0;
+    const auto connection =
+        QObject::connect(window, &QQuickWindow::frameSwapped, window, [&frames] { ++frames; });
+    const double cpuBefore = processCpuSeconds();
+    QElapsedTimer clock;
+    clock.start();
+    int step = 0;
+    while (clock.elapsed() < seconds * 1000) {
+        if (moving) {
+            const double angle = step++ * 0.05;
+            user.moveTo(QPoint(960 + int(300 * std::cos(angle)), 540 + int(300 * std::sin(angle))));
+        }
+        QTest::qWait(16);
+    }
+    const double elapsed = clock.elapsed() / 1000.0;
+    QObject::disconnect(connection);
+    return { frames / elapsed, 100.0 * (processCpuSeconds() - cpuBefore) / elapsed };
+}
+
+void print(const char *what, const Figures &figures, const Figures &reference)
+{
+    std::printf("%-34s %6.1f fps (%.2f of reference)  %5.1f%% of one core\n", what, figures.fps,
+                reference.fps > 0 ? figures.fps / reference.fps : 0.0, figures.cpuPercent);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QTemporaryDir home;
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.filePath(QStringLiteral("config"))));
+    qputenv("XDG_DATA_HOME", QFile::encodeName(home.filePath(QStringLiteral("data"))));
+    QApplication application(argc, argv);
+    QCoreApplication::setOrganizationName(QStringLiteral("Orvelline"));
+    QCoreApplication::setApplicationName(QStringLiteral("Glimmora"));
+    const double seconds = qEnvironmentVariableIsSet("BENCH_SECONDS")
+        ? qEnvironmentVariable("BENCH_SECONDS").toDouble()
+        : 5.0;
+    XTestSession user;
+
+    Figures reference;
+    {
+        // A full-screen window that redraws every frame: what this machine's
+        // software renderer can present at most.
+        QQuickWindow window;
+        window.setColor(Qt::transparent);
+        window.setGeometry(0, 0, 1920, 1080);
+        QQuickItem spinner(window.contentItem());
+        window.show();
+        QTest::qWaitForWindowExposed(&window);
+        QObject::connect(&window, &QQuickWindow::frameSwapped, &window,
+                         [&window] { window.update(); });
+        window.update();
+        reference = measure(&window, user, false, seconds);
+    }
+
+    AssembledApp app;
+    if (!app.isValid()) {
+        std::fprintf(stderr, "bench_presentation: the program's windows could not be made\n");
+        return 1;
+    }
+    app.settings().setFirstRunDone(true);
+    QQuickWindow *overlay = nullptr;
+    for (QWindow *window : QGuiApplication::topLevelWindows()) {
+        auto *quickWindow = qobject_cast<QQuickWindow *>(window);
+        if (quickWindow && quickWindow != app.hud() && quickWindow->isVisible()
+            && quickWindow->geometry().contains(QPoint(960, 540)))
+            overlay = quickWindow;
+    }
+    app.controller().setTool(QStringLiteral("spotlight"));
+    QTest::qWait(500);
+
+    const Figures moving = measure(overlay, user, true, seconds);
+    QTest::qWait(500);
+    const Figures still = measure(overlay, user, false, seconds);
+
+    app.controller().setTool(QStringLiteral("cursor"));
+    app.controller().setMagnifierEnabled(true);
+    QTest::qWait(500);
+    const Figures magnifier = measure(app.hud(), user, true, seconds);
+
+    std::printf("1920x1080, software renderer, %.0f s each\n", seconds);
+    print("reference: redraw every frame", reference, reference);
+    print("spotlight, pointer moving", moving, reference);
+    print("spotlight, pointer still", still, reference);
+    print("magnifier, pointer moving", magnifier, reference);
+    std::printf("targets: 60 fps while moving (%s), under 2%% of a core at rest (%s)\n",
+                moving.fps >= 59 ? "held" : "missed", still.cpuPercent < 2 ? "held" : "missed");
+    return 0;
+}

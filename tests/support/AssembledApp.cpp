@@ -1,0 +1,64 @@
+#include "AssembledApp.h"
+
+#include "app/AppController.h"
+#include "display/DisplayManager.h"
+#include "display/OverlayManager.h"
+#include "display/OverlayWindowManager.h"
+#include "drawing/DrawingModel.h"
+#include "platform/LoginEntry.h"
+#include "settings/SettingsManager.h"
+
+#include <QQmlApplicationEngine>
+#include <QQmlContext>
+#include <QQuickItem>
+#include <QQuickWindow>
+
+AssembledApp::AssembledApp()
+    : m_settings(std::make_unique<SettingsManager>(std::unique_ptr<LoginEntry>()))
+    , m_displays(std::make_unique<DisplayManager>(m_settings.get()))
+    , m_overlays(std::make_unique<OverlayManager>())
+    , m_drawing(std::make_unique<DrawingModel>())
+{
+    m_controller = std::make_unique<AppController>(
+        m_settings.get(), m_overlays.get(), m_drawing.get(), nullptr, m_displays.get(), nullptr);
+    m_engine = std::make_unique<QQmlApplicationEngine>();
+    QQmlContext *context = m_engine->rootContext();
+    const QVariant none = QVariant::fromValue<QObject *>(nullptr);
+    context->setContextProperty(QStringLiteral("appController"), m_controller.get());
+    context->setContextProperty(QStringLiteral("settingsManager"), m_settings.get());
+    context->setContextProperty(QStringLiteral("displayManager"), m_displays.get());
+    context->setContextProperty(QStringLiteral("drawingModel"), m_drawing.get());
+    for (const char *name :
+         { "renderBackendManager", "macPermissions", "winAcrylic", "hotkeyManager" })
+        context->setContextProperty(QString::fromLatin1(name), none);
+    m_engine->load(QUrl(QStringLiteral("qrc:/qt/qml/GlimmoraApp/Main.qml")));
+    if (m_engine->rootObjects().isEmpty())
+        return;
+    auto *main = qobject_cast<QQuickWindow *>(m_engine->rootObjects().constFirst());
+    if (main)
+        m_windows = std::make_unique<OverlayWindowManager>(
+            m_displays.get(), m_overlays.get(), m_controller.get(), m_engine.get(), main);
+}
+
+AssembledApp::~AssembledApp()
+{
+    // The windows live in the engine and go first, as at the end of the program.
+    m_windows.reset();
+    m_engine.reset();
+}
+
+bool AssembledApp::isValid() const
+{
+    return m_windows && m_windows->hudWindow();
+}
+
+QQuickWindow *AssembledApp::hud() const
+{
+    return m_windows ? m_windows->hudWindow() : nullptr;
+}
+
+QQuickItem *AssembledApp::hudItem(const QString &objectName) const
+{
+    QQuickWindow *window = hud();
+    return window ? window->contentItem()->findChild<QQuickItem *>(objectName) : nullptr;
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+class AppController;
+class DisplayManager;
+class DrawingModel;
+class OverlayManager;
+class OverlayWindowManager;
+class QQmlApplicationEngine;
+class QQuickItem;
+class QQuickWindow;
+class SettingsManager;
+
+// The program's windows and managers built in the test's own process, as the
+// start-up builds them, so that a test can find an element of the HUD by its
+// object name and then act on it through the X server like a user.
+class AssembledApp
+{
+public:
+    AssembledApp();
+    ~AssembledApp();
+    AssembledApp(const AssembledApp &) = delete;
+    AssembledApp &operator=(const AssembledApp &) = delete;
+
+    // False when the root document or the HUD could not be made.
+    bool isValid() const;
+
+    SettingsManager &settings() const { return *m_settings; }
+    DisplayManager &displays() const { return *m_displays; }
+    DrawingModel &drawing() const { return *m_drawing; }
+    AppController &controller() const { return *m_controller; }
+    QQuickWindow *hud() const;
+    QQuickItem *hudItem(const QString &objectName) const;
+
+private:
+    std::unique_ptr<SettingsManager> m_settings;
+    std::unique_ptr<DisplayManager> m_displays;
+    std::unique_ptr<OverlayManager> m_overlays;
+    std::unique_ptr<DrawingModel> m_drawing;
+    std::unique_ptr<AppController> m_controller;
+    std::unique_ptr<QQmlApplicationEngine> m_engine;
+    std::unique_ptr<OverlayWindowManager> m_windows;
+};
