@@ -21,18 +21,10 @@ inline QScreen *screenNamed(const QString &name)
     return nullptr;
 }
 
-// Real source, writer and pointer position; no mouse buttons held.
-class NoButtons : public PointerButtons
-{
-public:
-    int buttonMask() const override { return 0; }
-};
-
+// Every platform piece real.
 inline RecordingBackend realBackend()
 {
-    return RecordingBackend { &FrameSource::create, &VideoWriter::create, &CursorPosition::create,
-                              [] { return std::make_unique<NoButtons>(); },
-                              &RecordingBackend::captureRectForScreen };
+    return RecordingBackend {};
 }
 
 struct Probe

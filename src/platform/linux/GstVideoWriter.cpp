@@ -1,6 +1,7 @@
 #include "platform/linux/GstVideoWriter.h"
 
 #include "platform/linux/GstSupport.h"
+#include "recording/RecordingLog.h"
 
 #include <gst/app/gstappsrc.h>
 #include <gst/gst.h>
@@ -68,7 +69,7 @@ bool GstVideoWriter::openSink(const QString &path, const CaptureSession &,
         settings.frameSize.width(), "height", G_TYPE_INT, settings.frameSize.height(), "framerate",
         GST_TYPE_FRACTION, settings.fps, 1, nullptr);
     g_object_set(appsrc, "caps", inputCaps, "is-live", TRUE, "format", GST_FORMAT_TIME,
-                 "do-timestamp", FALSE, "block", FALSE, nullptr);
+                 "do-timestamp", FALSE, "block", FALSE, "max-bytes", guint64(0), nullptr);
     gst_caps_unref(inputCaps);
     g_object_set(convert, "n-threads", guint(2), nullptr);
     GstCaps *rawCaps = gst_caps_new_simple("video/x-raw", "format", G_TYPE_STRING, "I420", nullptr);
@@ -116,6 +117,12 @@ bool GstVideoWriter::submitFrame(const CapturedFrame &frame, qint64 sampleTime, 
     }
     if (GstSupport::popBusError(m_pipeline, error))
         return false;
+    // An encoder that falls behind drops frames rather than queueing them
+    // without bound; each queued frame pins a captured image.
+    if (gst_app_src_get_current_level_buffers(GST_APP_SRC(m_appsrc)) >= MaxQueuedFrames) {
+        ++m_encoderDrops;
+        return true;
+    }
     // The buffer borrows the frame's pixels and keeps its owner alive until
     // the encoder lets go, which is what keeps the source's pool slot busy.
     const gsize size = gsize(frame.bytesPerLine) * gsize(frame.size.height());
@@ -145,6 +152,10 @@ bool GstVideoWriter::closeSink(bool opened, QString *error)
 {
     if (!m_pipeline)
         return true;
+    if (m_encoderDrops)
+        qCInfo(lcRecording) << "GstVideoWriter: frames dropped while the encoder was behind"
+                            << m_encoderDrops;
+    m_encoderDrops = 0;
     bool ok = true;
     if (opened) {
         if (GstSupport::popBusError(m_pipeline, error)) {

@@ -26,6 +26,8 @@ public:
     static X264Options x264Options(const H264Settings &settings);
 
     static constexpr int FinaliseTimeoutMs = 5000;
+    // Frames waiting for the encoder, about a quarter of a second at 30 fps.
+    static constexpr unsigned MaxQueuedFrames = 8;
 
 protected:
     const char *logName() const override { return "GstVideoWriter"; }
@@ -40,4 +42,5 @@ private:
 
     GstElement *m_pipeline = nullptr;
     GstElement *m_appsrc = nullptr;
+    quint64 m_encoderDrops = 0;
 };
