@@ -249,9 +249,25 @@ void SettingsManager::loadHotkeys()
     }
 }
 
+QVariant SettingsManager::storedValue(const QString &key, const QVariant &fallback) const
+{
+    if (m_settings.contains(key))
+        return m_settings.value(key);
+    // The INI format keeps top-level keys in a section called [General], so a
+    // group named "general" goes to the file as [%General] and comes back from
+    // it, in the next process, as "General".
+    static const QString lowerGroup = u"general/"_s;
+    if (key.startsWith(lowerGroup)) {
+        const QString upperKey = u"General/"_s + key.mid(lowerGroup.size());
+        if (m_settings.contains(upperKey))
+            return m_settings.value(upperKey);
+    }
+    return fallback;
+}
+
 int SettingsManager::readInt(const QString &key, int fallback)
 {
-    const QVariant stored = m_settings.value(key, fallback);
+    const QVariant stored = storedValue(key, fallback);
     bool ok = false;
     const int value = stored.toInt(&ok);
     if (!ok)
@@ -262,7 +278,7 @@ int SettingsManager::readInt(const QString &key, int fallback)
 
 double SettingsManager::readDouble(const QString &key, double fallback)
 {
-    const QVariant stored = m_settings.value(key, fallback);
+    const QVariant stored = storedValue(key, fallback);
     bool ok = false;
     const double value = stored.toDouble(&ok);
     if (!ok)
@@ -273,7 +289,7 @@ double SettingsManager::readDouble(const QString &key, double fallback)
 
 bool SettingsManager::readBool(const QString &key, bool fallback)
 {
-    const QVariant stored = m_settings.value(key, fallback);
+    const QVariant stored = storedValue(key, fallback);
     bool ok = stored.typeId() == QMetaType::Bool;
     if (!ok && stored.typeId() == QMetaType::QString) {
         const QString text = stored.toString().trimmed().toLower();
@@ -290,7 +306,7 @@ bool SettingsManager::readBool(const QString &key, bool fallback)
 
 QString SettingsManager::readString(const QString &key, const QString &fallback)
 {
-    const QVariant stored = m_settings.value(key, fallback);
+    const QVariant stored = storedValue(key, fallback);
     const QString value = stored.toString();
     // A list (unquoted commas in the file) or a structured value is not text.
     if (stored.typeId() == QMetaType::QStringList || !stored.canConvert<QString>())
@@ -362,6 +378,8 @@ void SettingsManager::resetDefaults()
     for (const char *group : { "spotlight", "drawing", "effects", "keystrokes", "general",
                                "capture", "record", "displays", "hotkeys", "magnifier" })
         m_settings.remove(QLatin1String(group));
+    // The spelling in which a stored "general" group is read back.
+    m_settings.remove(u"General"_s);
     m_settings.setValue(u"general/firstRunDone"_s, firstRunDone);
 
     setSpotlightRadius(120);

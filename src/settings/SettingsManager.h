@@ -309,6 +309,7 @@ private:
     void syncNow(const char *what);
     void updateLoginEntry(bool enabled);
 
+    QVariant storedValue(const QString &key, const QVariant &fallback) const;
     int readInt(const QString &key, int fallback);
     double readDouble(const QString &key, double fallback);
     bool readBool(const QString &key, bool fallback);

@@ -82,6 +82,7 @@ private slots:
     void saveFolderDefaultsToDownloads();
     void corruptFileGivesDefaultsAndIsKept();
     void garbageFileNeverCrashes();
+    void generalGroupAsAnEarlierRunWroteIt();
     void failedSyncWarnsAndKeepsTheValue_data();
     void failedSyncWarnsAndKeepsTheValue();
     void launchAtLoginDrivesTheLoginEntry();
@@ -436,6 +437,30 @@ void TestSettingsManager::corruptFileGivesDefaultsAndIsKept()
     QFile backup(m_store->filePath() + u".bad"_s);
     QVERIFY(backup.open(QIODevice::ReadOnly));
     QCOMPARE(backup.readAll(), broken);
+}
+
+void TestSettingsManager::generalGroupAsAnEarlierRunWroteIt()
+{
+    // What an earlier process leaves on disk for the group "general": the INI
+    // writer escapes it, and a new process reads it back as "General".
+    QDir().mkpath(QFileInfo(m_store->filePath()).absolutePath());
+    QFile file(m_store->filePath());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[%General]\nconfirmQuit=false\nfirstRunDone=true\nuiScale=1.5\nlanguage=de\n");
+    file.close();
+
+    auto manager = makeManager();
+    QCOMPARE(manager->confirmQuit(), false);
+    QCOMPARE(manager->firstRunDone(), true);
+    QCOMPARE(manager->uiScale(), 1.5);
+    QCOMPARE(manager->language(), u"de"_s);
+
+    // A reset spares only the onboarding, whichever spelling the file had.
+    manager->resetDefaults();
+    auto reloaded = makeManager();
+    QCOMPARE(reloaded->confirmQuit(), true);
+    QCOMPARE(reloaded->firstRunDone(), true);
+    QCOMPARE(reloaded->uiScale(), 1.2);
 }
 
 void TestSettingsManager::garbageFileNeverCrashes()
