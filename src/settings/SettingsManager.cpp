@@ -265,6 +265,16 @@ QVariant SettingsManager::storedValue(const QString &key, const QVariant &fallba
     return fallback;
 }
 
+void SettingsManager::store(const QString &key, const QVariant &value)
+{
+    // One entry per key in the file: the spelling read back from an earlier
+    // run goes, so that the two cannot disagree.
+    static const QString lowerGroup = u"general/"_s;
+    if (key.startsWith(lowerGroup))
+        m_settings.remove(u"General/"_s + key.mid(lowerGroup.size()));
+    m_settings.setValue(key, value);
+}
+
 int SettingsManager::readInt(const QString &key, int fallback)
 {
     const QVariant stored = storedValue(key, fallback);
@@ -320,7 +330,7 @@ bool SettingsManager::assign(int &member, int value, const QString &key)
     if (member == value)
         return false;
     member = value;
-    m_settings.setValue(key, value);
+    store(key, value);
     return true;
 }
 
@@ -329,7 +339,7 @@ bool SettingsManager::assign(double &member, double value, const QString &key)
     if (fuzzyEqual(member, value))
         return false;
     member = value;
-    m_settings.setValue(key, value);
+    store(key, value);
     return true;
 }
 
@@ -338,7 +348,7 @@ bool SettingsManager::assign(bool &member, bool value, const QString &key)
     if (member == value)
         return false;
     member = value;
-    m_settings.setValue(key, value);
+    store(key, value);
     return true;
 }
 
@@ -347,7 +357,7 @@ bool SettingsManager::assign(QString &member, const QString &value, const QStrin
     if (member == value)
         return false;
     member = value;
-    m_settings.setValue(key, value);
+    store(key, value);
     return true;
 }
 
@@ -380,7 +390,7 @@ void SettingsManager::resetDefaults()
         m_settings.remove(QLatin1String(group));
     // The spelling in which a stored "general" group is read back.
     m_settings.remove(u"General"_s);
-    m_settings.setValue(u"general/firstRunDone"_s, firstRunDone);
+    store(u"general/firstRunDone"_s, firstRunDone);
 
     setSpotlightRadius(120);
     setDarknessOpacity(0.67);

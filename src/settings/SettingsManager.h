@@ -310,6 +310,7 @@ private:
     void updateLoginEntry(bool enabled);
 
     QVariant storedValue(const QString &key, const QVariant &fallback) const;
+    void store(const QString &key, const QVariant &value);
     int readInt(const QString &key, int fallback);
     double readDouble(const QString &key, double fallback);
     bool readBool(const QString &key, bool fallback);
