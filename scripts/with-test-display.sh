@@ -23,7 +23,9 @@ cleanup() {
 }
 trap cleanup EXIT
 
-Xtigervnc ":$display_number" -geometry 1920x1080 -depth 24 -SecurityTypes None -localhost \
+# The output spans both monitors from the start: the server keeps the pointer
+# on its output, and XTest must reach the right monitor too.
+Xtigervnc ":$display_number" -geometry 3840x1080 -depth 24 -SecurityTypes None -localhost \
   -rfbport -1 -AlwaysShared >"$runtime_dir/xserver.log" 2>&1 &
 pids+=($!)
 export DISPLAY=":$display_number"
@@ -33,7 +35,6 @@ for _ in $(seq 100); do
 done
 xdpyinfo >/dev/null 2>&1 || { cat "$runtime_dir/xserver.log" >&2; echo "with-test-display: X server did not start" >&2; exit 1; }
 
-xrandr --fb 3840x1080 >/dev/null
 xrandr --setmonitor LEFT 1920/508x1080/286+0+0 VNC-0 >/dev/null
 xrandr --setmonitor RIGHT 1920/508x1080/286+1920+0 none >/dev/null
 xsetroot -solid '#808080' 2>/dev/null || true
