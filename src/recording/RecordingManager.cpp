@@ -65,6 +65,9 @@ void RecordingManager::start(QScreen *screen)
         return;
     }
     if (m_thread) {
+        // Whatever the old worker reports while going down belongs to it.
+        if (m_worker)
+            disconnect(m_worker, nullptr, this, nullptr);
         m_thread->quit();
         m_thread->wait();
         m_thread = nullptr;

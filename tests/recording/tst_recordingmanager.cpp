@@ -253,6 +253,22 @@ private slots:
         QVERIFY(QFileInfo::exists(finished.first().at(1).toString()));
     }
 
+    void startAgainWhileInitialisingAbandonsTheFirstAttempt()
+    {
+        RecordingManager manager(m_settings.get(), fakeBackend(m_script));
+        QSignalSpy finished(&manager, &RecordingManager::finished);
+        manager.start();
+        manager.start();
+        QTRY_COMPARE(manager.state(), RecordingManager::Recording);
+        manager.stop();
+        QVERIFY(finished.wait(3000));
+        QTest::qWait(200);
+        QCOMPARE(finished.size(), 1);
+        QVERIFY(finished.first().at(0).toBool());
+        QCOMPARE(manager.state(), RecordingManager::Idle);
+        QVERIFY(QFileInfo::exists(finished.first().at(1).toString()));
+    }
+
     void runtimeFaultEndsAsASavedRecording()
     {
         RecordingManager manager(m_settings.get(), fakeBackend(m_script));
