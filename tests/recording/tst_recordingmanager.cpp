@@ -227,7 +227,11 @@ private slots:
         QCOMPARE(json.value("status").toString(), QStringLiteral("needs-recovery"));
         QCOMPARE(json.value("error").toString(), m_script->sessionError);
 
-        // A new start is allowed after a failure.
+        // The failed attempt's worker is gone: a stop passes through Saving
+        // back to Failed, and a new start is allowed.
+        manager.stop();
+        QCOMPARE(states(stateSpy), (QList<int> { 5, 4, 3, 4 }));
+        QCOMPARE(finished.size(), 2);
         m_script->sessionError.clear();
         finished.clear();
         manager.start();
