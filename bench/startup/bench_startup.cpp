@@ -2,16 +2,16 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
 
 #include <algorithm>
 
-// Time from process start to "Glimmora started." in the log, and resident
-// memory once started, each beside a minimal transparent Qt Quick window
-// started the same way in the same run.
+// Time from process start to "Glimmora started." in the log (logged as the
+// event loop begins), and resident memory once started, each beside a minimal
+// transparent Qt Quick window that reports the same moment, started the same
+// way in the same run.
 class BenchStartup : public QObject
 {
     Q_OBJECT
@@ -21,6 +21,7 @@ private:
     {
         double startMs;
         double rssMb;
+        double shownMs = 0; // the reference only: first frame on screen
     };
 
     static double residentMb(qint64 pid)
@@ -40,9 +41,12 @@ private:
         QTemporaryDir home;
         for (const char *sub : { "data", "config", "tmp" })
             QDir(home.path()).mkdir(QString::fromLatin1(sub));
-        QSettings(home.path() + QStringLiteral("/config/Orvelline/Glimmora.conf"),
-                  QSettings::IniFormat)
-            .setValue(QStringLiteral("general/firstRunDone"), true);
+        // The onboarding is done ("%65" keeps the group name lower-case).
+        QDir().mkpath(home.path() + QStringLiteral("/config/Orvelline"));
+        QFile config(home.path() + QStringLiteral("/config/Orvelline/Glimmora.conf"));
+        if (config.open(QIODevice::WriteOnly))
+            config.write("[gen%65ral]\nfirstRunDone=true\n");
+        config.close();
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert(QStringLiteral("XDG_DATA_HOME"), home.path() + QStringLiteral("/data"));
         env.insert(QStringLiteral("XDG_CONFIG_HOME"), home.path() + QStringLiteral("/config"));
@@ -72,10 +76,19 @@ private:
         QElapsedTimer clock;
         clock.start();
         process.start(QStringLiteral(MINIMAL_WINDOW_BINARY), {});
-        double startMs = -1;
-        if (process.waitForReadyRead(60000) && process.readAll().contains("shown"))
-            startMs = clock.nsecsElapsed() / 1e6;
-        return finish(process, startMs);
+        double readyMs = -1;
+        double shownMs = -1;
+        QByteArray output;
+        while (shownMs < 0 && process.waitForReadyRead(60000)) {
+            output += process.readAll();
+            if (readyMs < 0 && output.contains("ready"))
+                readyMs = clock.nsecsElapsed() / 1e6;
+            if (output.contains("shown"))
+                shownMs = clock.nsecsElapsed() / 1e6;
+        }
+        Sample sample = finish(process, readyMs);
+        sample.shownMs = shownMs;
+        return sample;
     }
 
     static Sample finish(QProcess &process, double startMs)
@@ -100,7 +113,7 @@ private slots:
         const int rounds = qEnvironmentVariableIntValue("BENCH_ROUNDS") > 0
             ? qEnvironmentVariableIntValue("BENCH_ROUNDS")
             : 7;
-        QList<double> appMs, appMb, refMs, refMb;
+        QList<double> appMs, appMb, refMs, refMb, refShownMs;
         // Alternate, so that a busy moment of the machine hits both.
         for (int i = 0; i < rounds; ++i) {
             const Sample reference = runMinimalWindow();
@@ -109,6 +122,7 @@ private slots:
             QVERIFY2(app.startMs > 0, "Glimmora never logged its start");
             refMs << reference.startMs;
             refMb << reference.rssMb;
+            refShownMs << reference.shownMs;
             appMs << app.startMs;
             appMb << app.rssMb;
         }
@@ -117,6 +131,8 @@ private slots:
         qInfo("startup, median of %d rounds:", rounds);
         qInfo("  time to start   glimmora %8.1f ms   minimal window %8.1f ms   ratio %.2f", aMs,
               rMs, aMs / rMs);
+        qInfo("  (the minimal window had its first frame on screen at %.1f ms)",
+              median(refShownMs));
         qInfo("  resident memory glimmora %8.1f MB   minimal window %8.1f MB   ratio %.2f", aMb,
               rMb, aMb / rMb);
     }

@@ -3,8 +3,9 @@
 
 #include <cstdio>
 
-// Shows a transparent, frameless Qt Quick window and says "shown" once its
-// first frame is on screen, then stays until killed.
+// Shows a transparent, frameless Qt Quick window. Says "ready" when it enters
+// the event loop (where Glimmora logs its start) and "shown" once the first
+// frame is on screen, then stays until killed.
 int main(int argc, char *argv[])
 {
     QGuiApplication app(argc, argv);
@@ -20,5 +21,7 @@ int main(int argc, char *argv[])
         },
         Qt::SingleShotConnection);
     window.show();
+    std::puts("ready");
+    std::fflush(stdout);
     return QGuiApplication::exec();
 }

@@ -242,6 +242,7 @@ void AppController::showSettingsPage(const QString &pageId)
 void AppController::requestQuit()
 {
     if (m_settings && m_settings->confirmQuit()) {
+        qCDebug(lcController) << "AppController: quit asks for confirmation";
         emit quitRequested();
         return;
     }

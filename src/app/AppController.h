@@ -28,11 +28,10 @@ class AppController : public QObject
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(AppController)
 
-    Q_PROPERTY(QString currentTool READ currentTool WRITE setTool NOTIFY currentToolChanged FINAL)
-    Q_PROPERTY(bool overlayEnabled READ overlayEnabled WRITE setOverlayEnabled NOTIFY
-                   overlayEnabledChanged FINAL)
-    Q_PROPERTY(bool magnifierEnabled READ magnifierEnabled WRITE setMagnifierEnabled NOTIFY
-                   magnifierEnabledChanged FINAL)
+    // Tool, pause and magnifier change only through their slots.
+    Q_PROPERTY(QString currentTool READ currentTool NOTIFY currentToolChanged FINAL)
+    Q_PROPERTY(bool overlayEnabled READ overlayEnabled NOTIFY overlayEnabledChanged FINAL)
+    Q_PROPERTY(bool magnifierEnabled READ magnifierEnabled NOTIFY magnifierEnabledChanged FINAL)
     Q_PROPERTY(bool settingsVisible READ settingsVisible NOTIFY settingsVisibleChanged FINAL)
     Q_PROPERTY(QPointF mousePosition READ mousePosition NOTIFY mousePositionChanged FINAL)
     Q_PROPERTY(

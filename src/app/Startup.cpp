@@ -6,6 +6,7 @@
 #include "app/SingleInstanceLock.h"
 #include "display/DisplayManager.h"
 #include "display/OverlayManager.h"
+#include "display/OverlayWindowManager.h"
 #include "settings/SettingsManager.h"
 
 #include <QApplication>
@@ -14,6 +15,7 @@
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
 #include <QQuickStyle>
+#include <QQuickWindow>
 #include <QTranslator>
 #include <QtQml/qqmlextensionplugin.h>
 
@@ -111,8 +113,14 @@ int runGlimmora(int argc, char *argv[])
         return -1;
     }
 
-    // The overlay window manager is built here on the main window; on quit it
-    // hides every window and a running recording is stopped.
+    // Builds the HUD and the secondary overlays at once, so they exist only
+    // once the main window does.
+    OverlayWindowManager overlayWindows(&displayManager, &overlayManager, &appController, &engine,
+                                        qobject_cast<QQuickWindow *>(engine.rootObjects().first()));
+    QObject::connect(&app, &QCoreApplication::aboutToQuit, &overlayWindows, [&overlayWindows] {
+        overlayWindows.hideAll();
+        // A running recording is stopped here once the recording manager exists.
+    });
 
     qCDebug(lcStartup) << "Glimmora started.";
     return QApplication::exec();

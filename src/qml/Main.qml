@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Controls
+import GlimmoraApp
 
 // The control display's window. It also holds the window shortcuts, which act
 // while any window of the program has the keyboard focus, and reports each
@@ -72,16 +73,20 @@ ApplicationWindow {
         return root.penPalette[(index + 1) % root.penPalette.length];
     }
 
+    OverlayRoot {}
+
     component ActionShortcut: Shortcut {
+        id: shortcut
         required property string action
         context: Qt.ApplicationShortcut
-        sequence: root.sequenceFor(action)
+        sequence: root.sequenceFor(shortcut.action)
     }
 
     component ToolShortcut: ActionShortcut {
+        id: tool
         onActivated: {
-            appController.setTool(action);
-            root.reportCommand(action);
+            appController.setTool(tool.action);
+            root.reportCommand(tool.action);
         }
     }
 

@@ -2,7 +2,6 @@
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -39,8 +38,20 @@ private:
                                  [&](const QString &line) { return line.contains(text); }));
     }
 
+    // No quit dialog: the shortcut quits at once. Written by hand before each
+    // start, since QSettings writes the group "general" as "[%General]", which
+    // another process reads back as "General"; "%65" spells the lower-case group.
+    void writeConfig()
+    {
+        QVERIFY(QDir().mkpath(home->path() + QStringLiteral("/config/Orvelline")));
+        QFile config(home->path() + QStringLiteral("/config/Orvelline/Glimmora.conf"));
+        QVERIFY(config.open(QIODevice::WriteOnly));
+        config.write("[gen%65ral]\nconfirmQuit=false\nfirstRunDone=true\n");
+    }
+
     void start(QProcess &process)
     {
+        writeConfig();
         process.setProcessEnvironment(environment);
         process.setProcessChannelMode(QProcess::ForwardedChannels);
         process.start(QStringLiteral(GLIMMORA_BINARY), {});
@@ -51,7 +62,7 @@ private:
     {
         QProcess tool;
         tool.start(QStringLiteral("xdotool"), args);
-        tool.waitForFinished(15000);
+        tool.waitForFinished(30000);
         return QString::fromUtf8(tool.readAllStandardOutput()).trimmed();
     }
 
@@ -82,12 +93,6 @@ private slots:
         // The lock's key file lives in the temporary directory.
         environment.insert(QStringLiteral("TMPDIR"), home->path() + QStringLiteral("/tmp"));
         environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
-
-        // No quit dialog: the shortcut quits at once.
-        QSettings config(home->path() + QStringLiteral("/config/Orvelline/Glimmora.conf"),
-                         QSettings::IniFormat);
-        config.setValue(QStringLiteral("general/confirmQuit"), false);
-        config.setValue(QStringLiteral("general/firstRunDone"), true);
     }
 
     void secondInstanceStandsDownAndFirstQuitsCleanly()

@@ -122,6 +122,13 @@ QList<uint32_t> XTestSession::atomProperty(uint32_t window, const char *name)
     return atoms;
 }
 
+int XTestSession::inputRectangleCount(uint32_t window)
+{
+    auto reply = wrap(xcb_shape_get_rectangles_reply(
+        m_connection, xcb_shape_get_rectangles(m_connection, window, XCB_SHAPE_SK_INPUT), nullptr));
+    return reply ? int(reply->rectangles_len) : -1;
+}
+
 QList<uint32_t> XTestSession::mappedWindowsOf(qint64 pid)
 {
     QList<uint32_t> result;

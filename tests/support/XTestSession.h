@@ -34,6 +34,9 @@ public:
     QList<uint32_t> atomProperty(uint32_t window, const char *name);
     uint32_t atom(const char *name);
 
+    // Rectangles of the window's input region: none when it lets the mouse through.
+    int inputRectangleCount(uint32_t window);
+
     // Mapped top-level windows whose _NET_WM_PID is pid, bottom to top.
     QList<uint32_t> mappedWindowsOf(qint64 pid);
 

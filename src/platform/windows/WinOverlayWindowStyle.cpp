@@ -5,8 +5,4 @@ std::unique_ptr<OverlayWindowStyle> OverlayWindowStyle::create()
     return std::make_unique<WinOverlayWindowStyle>();
 }
 
-void WinOverlayWindowStyle::apply(QWindow *window, Focus focus)
-{
-    Q_UNUSED(window)
-    Q_UNUSED(focus)
-}
+void WinOverlayWindowStyle::apply(QWindow * /*window*/, Focus /*focus*/) { }

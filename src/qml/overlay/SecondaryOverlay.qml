@@ -35,7 +35,6 @@ Window {
 
     flags: Qt.Window | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint | Qt.Tool
     color: "transparent"
-    title: "Glimmora"
     visible: {
         if (!appController.overlayEnabled)
             return false;

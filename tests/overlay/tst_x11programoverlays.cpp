@@ -1,0 +1,211 @@
+// The real program on the test server: its overlay windows cover the
+// monitors, follow an unplugged monitor live and let the user's clicks reach
+// the application below, which keeps the focus.
+#include "ProbeClient.h"
+#include "XTestSession.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <algorithm>
+
+namespace {
+
+const QRect leftMonitor(0, 0, 1920, 1080);
+const QRect rightMonitor(1920, 0, 1920, 1080);
+
+void xdotool(const QStringList &arguments)
+{
+    QProcess::execute(QStringLiteral("xdotool"), arguments);
+}
+
+bool xrandr(const QStringList &arguments)
+{
+    return QProcess::execute(QStringLiteral("xrandr"), arguments) == 0;
+}
+
+QStringList monitorNames()
+{
+    QProcess process;
+    process.start(QStringLiteral("xrandr"), { QStringLiteral("--listmonitors") });
+    process.waitForFinished(10000);
+    QStringList names;
+    const QList<QByteArray> lines = process.readAllStandardOutput().split('\n');
+    for (const QByteArray &line : lines) {
+        const QList<QByteArray> words = line.simplified().split(' ');
+        if (words.size() > 2 && words.constFirst().endsWith(':')
+            && words.constFirst() != "Monitors:")
+            names.append(QString::fromLatin1(words.at(1)).remove(u'+').remove(u'*'));
+    }
+    return names;
+}
+
+} // namespace
+
+class tst_X11ProgramOverlays : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void cleanup();
+    void overlaysCoverTheMonitors();
+    void unpluggedMonitorLosesItsOverlayLive();
+    void clicksReachTheApplication();
+    void toolKeysMoveTheClicks();
+
+private:
+    // Geometries of the program's override-redirect windows, left to right.
+    QList<QRect> overlayGeometries();
+    QString log() const;
+    uint32_t windowAt(const QRect &geometry);
+
+    QTemporaryDir m_home;
+    XTestSession m_user;
+    ProbeClient m_client;
+    QProcess m_program;
+};
+
+void tst_X11ProgramOverlays::initTestCase()
+{
+    QVERIFY(m_user.isValid());
+    QCOMPARE(monitorNames(), (QStringList { "LEFT", "RIGHT" }));
+    QVERIFY(m_client.start(leftMonitor));
+    QTRY_COMPARE(m_user.inputFocus(), m_client.window());
+
+    // The quit shortcut quits at once, without a dialog. "%65" spells the
+    // lower-case group that QSettings would write as "[%General]".
+    QVERIFY(QDir(m_home.path()).mkpath(QStringLiteral("config/Orvelline")));
+    QFile config(m_home.filePath("config/Orvelline/Glimmora.conf"));
+    QVERIFY(config.open(QIODevice::WriteOnly));
+    config.write("[gen%65ral]\nconfirmQuit=false\n");
+    config.close();
+
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), m_home.filePath("data"));
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_home.filePath("config"));
+    environment.insert(QStringLiteral("QSG_RENDER_LOOP"), QStringLiteral("basic"));
+    // The single-instance lock lives in the temporary directory: keep ours apart.
+    QVERIFY(QDir(m_home.path()).mkpath(QStringLiteral("tmp")));
+    environment.insert(QStringLiteral("TMPDIR"), m_home.filePath("tmp"));
+    m_program.setProcessEnvironment(environment);
+    m_program.setProcessChannelMode(QProcess::ForwardedChannels);
+    m_program.start(QStringLiteral(GLIMMORA_BINARY), {});
+    QVERIFY(m_program.waitForStarted(10000));
+    QTRY_VERIFY2_WITH_TIMEOUT(log().contains(QLatin1String("Glimmora started.")),
+                              qPrintable(QStringLiteral("no start in the log:\n") + log()), 30000);
+}
+
+void tst_X11ProgramOverlays::cleanupTestCase()
+{
+    if (m_program.state() == QProcess::NotRunning)
+        return;
+    // Quit as a presenter does, so the program releases its single-instance
+    // lock; a killed one would leave it behind.
+    if (const uint32_t overlay = windowAt(leftMonitor)) {
+        xdotool({ "windowfocus", "--sync", QString::number(overlay) });
+        xdotool({ "key", "ctrl+shift+q" });
+    }
+    if (!m_program.waitForFinished(10000)) {
+        m_program.terminate();
+        if (!m_program.waitForFinished(5000))
+            m_program.kill();
+    }
+}
+
+void tst_X11ProgramOverlays::cleanup()
+{
+    // Whatever failed, the next test and the next program find both monitors.
+    if (!monitorNames().contains(QLatin1String("RIGHT")))
+        QVERIFY(xrandr({ "--setmonitor", "RIGHT", "1920/508x1080/286+1920+0", "none" }));
+}
+
+QList<QRect> tst_X11ProgramOverlays::overlayGeometries()
+{
+    QList<QRect> geometries;
+    const QList<uint32_t> windows = m_user.mappedWindowsOf(m_program.processId());
+    for (uint32_t window : windows) {
+        if (m_user.isOverrideRedirect(window))
+            geometries.append(m_user.geometry(window));
+    }
+    std::sort(geometries.begin(), geometries.end(),
+              [](const QRect &a, const QRect &b) { return a.x() < b.x(); });
+    return geometries;
+}
+
+uint32_t tst_X11ProgramOverlays::windowAt(const QRect &geometry)
+{
+    const QList<uint32_t> windows = m_user.mappedWindowsOf(m_program.processId());
+    for (uint32_t window : windows) {
+        if (m_user.isOverrideRedirect(window) && m_user.geometry(window) == geometry)
+            return window;
+    }
+    return 0;
+}
+
+QString tst_X11ProgramOverlays::log() const
+{
+    QFile file(m_home.filePath("data/Orvelline/Glimmora/glimmora.log"));
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return {};
+    return QString::fromUtf8(file.readAll());
+}
+
+void tst_X11ProgramOverlays::overlaysCoverTheMonitors()
+{
+    QTRY_COMPARE_WITH_TIMEOUT(overlayGeometries(), (QList<QRect> { leftMonitor, rightMonitor }),
+                              15000);
+}
+
+void tst_X11ProgramOverlays::unpluggedMonitorLosesItsOverlayLive()
+{
+    QVERIFY(xrandr({ "--delmonitor", "RIGHT" }));
+    QTRY_COMPARE_WITH_TIMEOUT(overlayGeometries(), QList<QRect> { leftMonitor }, 15000);
+    QVERIFY(xrandr({ "--setmonitor", "RIGHT", "1920/508x1080/286+1920+0", "none" }));
+    QTRY_COMPARE_WITH_TIMEOUT(overlayGeometries(), (QList<QRect> { leftMonitor, rightMonitor }),
+                              15000);
+}
+
+void tst_X11ProgramOverlays::clicksReachTheApplication()
+{
+    // The program starts in the cursor tool: its overlays let every click through.
+    for (const QPoint target : { leftMonitor.center(), QPoint(40, 40), QPoint(1900, 1060) }) {
+        const int before = m_client.pressCount();
+        m_user.click(target);
+        QTRY_COMPARE(m_client.pressCount(), before + 1);
+        QCOMPARE(m_client.lastPress(), target);
+    }
+    QCOMPARE(m_user.inputFocus(), m_client.window());
+    QCOMPARE(m_client.focusLosses(), 0);
+}
+
+void tst_X11ProgramOverlays::toolKeysMoveTheClicks()
+{
+    const uint32_t overlay = windowAt(leftMonitor);
+    QVERIFY(overlay);
+    QCOMPARE(m_user.inputRectangleCount(overlay), 0);
+    // No global hotkey exists yet, so the keys go to a window of the program,
+    // as its window shortcuts need; the focus goes back to the client after.
+    xdotool({ "windowfocus", "--sync", QString::number(overlay) });
+    xdotool({ "key", "alt+3" });
+    QTRY_VERIFY(m_user.inputRectangleCount(overlay) > 0);
+    xdotool({ "windowfocus", "--sync", QString::number(m_client.window()) });
+    const int before = m_client.pressCount();
+    m_user.click(leftMonitor.center());
+    QTest::qWait(300);
+    QCOMPARE(m_client.pressCount(), before);
+
+    xdotool({ "windowfocus", "--sync", QString::number(overlay) });
+    xdotool({ "key", "alt+1" });
+    QTRY_COMPARE(m_user.inputRectangleCount(overlay), 0);
+    xdotool({ "windowfocus", "--sync", QString::number(m_client.window()) });
+    m_user.click(leftMonitor.center());
+    QTRY_COMPARE(m_client.pressCount(), before + 1);
+}
+
+QTEST_GUILESS_MAIN(tst_X11ProgramOverlays)
+#include "tst_x11programoverlays.moc"
