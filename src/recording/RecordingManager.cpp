@@ -100,10 +100,26 @@ void RecordingManager::start(QScreen *screen)
     m_worker = new RecordingWorker(m_backend);
     m_worker->moveToThread(m_thread);
     connect(m_thread, &QThread::finished, m_worker, &QObject::deleteLater);
-    connect(m_worker, &RecordingWorker::started, this, &RecordingManager::onStarted);
-    connect(m_worker, &RecordingWorker::startFailed, this, &RecordingManager::onStartFailed);
-    connect(m_worker, &RecordingWorker::failed, this, &RecordingManager::onFailed);
-    connect(m_worker, &RecordingWorker::stopped, this, &RecordingManager::onStopped);
+    // A worker still reports while it goes down, also after its attempt was
+    // given up; such reports belong to that attempt and are dropped.
+    const quint64 attempt = ++m_attempt;
+    connect(m_worker, &RecordingWorker::started, this, [this, attempt] {
+        if (attempt == m_attempt)
+            onStarted();
+    });
+    connect(m_worker, &RecordingWorker::startFailed, this, [this, attempt](const QString &error) {
+        if (attempt == m_attempt)
+            onStartFailed(error);
+    });
+    connect(m_worker, &RecordingWorker::failed, this, [this, attempt](const QString &error) {
+        if (attempt == m_attempt)
+            onFailed(error);
+    });
+    connect(m_worker, &RecordingWorker::stopped, this,
+            [this, attempt](bool success, const QString &path, const QString &error) {
+                if (attempt == m_attempt)
+                    onStopped(success, path, error);
+            });
     QThread *thread = m_thread;
     connect(thread, &QThread::finished, this, [this, thread] {
         if (m_thread == thread)
@@ -195,12 +211,7 @@ void RecordingManager::onStartFailed(const QString &error)
     m_elapsedTimer.stop();
     setState(Failed);
     emit finished(false, QString());
-    // The worker still finalises what it opened when it is destroyed with its
-    // thread; that report belongs to this failed attempt, not to the next.
-    if (m_worker)
-        disconnect(m_worker, nullptr, this, nullptr);
-    if (m_thread)
-        m_thread->quit();
+    releaseWorker();
 }
 
 void RecordingManager::onFailed(const QString &error)
@@ -244,6 +255,15 @@ void RecordingManager::onStopped(bool success, const QString &path, const QStrin
     emit finished(success, outPath);
     if (success)
         qCInfo(lcRecording) << "RecordingManager: metadata saved" << metadataOut;
+    releaseWorker();
+}
+
+void RecordingManager::releaseWorker()
+{
+    // The worker goes down with its thread, and may still report while it
+    // finalises: that belongs to the attempt that is over now.
+    ++m_attempt;
+    m_worker = nullptr;
     if (m_thread)
         m_thread->quit();
 }

@@ -54,6 +54,7 @@ private:
     void onStartFailed(const QString &error);
     void onFailed(const QString &error);
     void onStopped(bool success, const QString &path, const QString &error);
+    void releaseWorker();
     void onThreadFinished();
     void onScreenRemoved(QScreen *screen);
 
@@ -72,6 +73,7 @@ private:
     QTimer m_elapsedTimer;
     QThread *m_thread = nullptr;
     RecordingWorker *m_worker = nullptr;
+    quint64 m_attempt = 0;
 };
 
 Q_DECLARE_METATYPE(RecordingManager::State)

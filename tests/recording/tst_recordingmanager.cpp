@@ -227,7 +227,11 @@ private slots:
         QCOMPARE(json.value("status").toString(), QStringLiteral("needs-recovery"));
         QCOMPARE(json.value("error").toString(), m_script->sessionError);
 
-        // A new start is allowed after a failure.
+        // The failed attempt's worker is gone: a stop passes through Saving
+        // back to Failed, and a new start is allowed.
+        manager.stop();
+        QCOMPARE(states(stateSpy), (QList<int> { 5, 4, 3, 4 }));
+        QCOMPARE(finished.size(), 2);
         m_script->sessionError.clear();
         finished.clear();
         manager.start();
@@ -250,6 +254,22 @@ private slots:
         QCOMPARE(states(stateSpy), (QList<int> { 5, 3, 0 }));
         QVERIFY2(elapsedSpy.isEmpty(), "a late started is ignored");
         QVERIFY(finished.first().at(0).toBool());
+        QVERIFY(QFileInfo::exists(finished.first().at(1).toString()));
+    }
+
+    void startAgainWhileInitialisingAbandonsTheFirstAttempt()
+    {
+        RecordingManager manager(m_settings.get(), fakeBackend(m_script));
+        QSignalSpy finished(&manager, &RecordingManager::finished);
+        manager.start();
+        manager.start();
+        QTRY_COMPARE(manager.state(), RecordingManager::Recording);
+        manager.stop();
+        QVERIFY(finished.wait(3000));
+        QTest::qWait(200);
+        QCOMPARE(finished.size(), 1);
+        QVERIFY(finished.first().at(0).toBool());
+        QCOMPARE(manager.state(), RecordingManager::Idle);
         QVERIFY(QFileInfo::exists(finished.first().at(1).toString()));
     }
 
