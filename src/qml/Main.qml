@@ -75,19 +75,21 @@ ApplicationWindow {
 
     OverlayRoot {}
 
+    // Inline components cannot reach the document's ids, so the stored
+    // sequence is read here directly, with "Win" spelled as Qt's "Meta".
     component ActionShortcut: Shortcut {
         id: shortcut
         required property string action
         context: Qt.ApplicationShortcut
-        sequence: root.sequenceFor(shortcut.action)
+        sequence: settingsManager.hotkeysRevision >= 0
+                  ? settingsManager.hotkeyForAction(shortcut.action).split("+")
+                    .map(part => part === "Win" ? "Meta" : part).join("+")
+                  : ""
     }
 
-    component ToolShortcut: ActionShortcut {
-        id: tool
-        onActivated: {
-            appController.setTool(tool.action);
-            root.reportCommand(tool.action);
-        }
+    function useTool(action: string) {
+        appController.setTool(action);
+        root.reportCommand(action);
     }
 
     ActionShortcut {
@@ -104,13 +106,13 @@ ApplicationWindow {
             root.reportCommand(action);
         }
     }
-    ToolShortcut { action: "cursor" }
-    ToolShortcut { action: "spotlight" }
-    ToolShortcut { action: "pen" }
-    ToolShortcut { action: "arrow" }
-    ToolShortcut { action: "rectangle" }
-    ToolShortcut { action: "circle" }
-    ToolShortcut { action: "highlighter" }
+    ActionShortcut { action: "cursor"; onActivated: root.useTool(action) }
+    ActionShortcut { action: "spotlight"; onActivated: root.useTool(action) }
+    ActionShortcut { action: "pen"; onActivated: root.useTool(action) }
+    ActionShortcut { action: "arrow"; onActivated: root.useTool(action) }
+    ActionShortcut { action: "rectangle"; onActivated: root.useTool(action) }
+    ActionShortcut { action: "circle"; onActivated: root.useTool(action) }
+    ActionShortcut { action: "highlighter"; onActivated: root.useTool(action) }
     ActionShortcut {
         action: "exitToCursor"
         // Empty while a region is being picked: the region overlay keeps Esc.
