@@ -346,7 +346,9 @@ Window {
         y: root.height - AppTheme.px(64) - helpBtn.height
         visible: root.uiVisible
         isOpen: root.shortcutPinned
-        opacity: root.controlsChromeVisible ? 1 : 0
+        // The card stands on the button's place; the lit button would show
+        // through its translucent face.
+        opacity: root.controlsChromeVisible && !shortcutCard.visible ? 1 : 0
         transform: Translate {
             y: root.controlsChromeVisible ? 0 : helpBtn.height + AppTheme.px(76)
 

@@ -22,8 +22,8 @@ Item {
                                            "eraser": qsTr("Eraser")
                                        })
     readonly property color dotColor: root.paused ? AppTheme.textMute : root.drawing ? AppTheme.green : AppTheme.accent
-    readonly property string modeLabel: root.paused ? qsTr("Glimmora · Paused")
-                                                    : qsTr("Glimmora · %1").arg(root.toolLabel(appController.currentTool))
+    readonly property string toolName: root.toolLabel(appController.currentTool)
+    readonly property string modeLabel: root.paused ? qsTr("Glimmora · Paused") : qsTr("Glimmora · %1").arg(root.toolName)
     readonly property string modeHint: root.paused ? qsTr("%1 to resume").arg(root.hotkey("toggleOverlay"))
                                                    : root.drawing ? qsTr("%1 to cursor").arg(root.hotkey("exitToCursor"))
                                                                   : qsTr("%1 to pause").arg(root.hotkey("toggleOverlay"))

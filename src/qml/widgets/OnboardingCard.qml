@@ -173,7 +173,7 @@ Item {
 
                         required property var modelData
 
-                        width: content.width
+                        width: row.parent.width
                         height: AppTheme.px(22) + 2 * AppTheme.px(4)
 
                         Rectangle {

@@ -268,7 +268,9 @@ Item {
 
             Text {
                 objectName: "quitFooter"
-                anchors.right: parent.right
+                width: content.width
+                horizontalAlignment: Text.AlignRight
+                wrapMode: Text.WordWrap
                 text: (root.quitShortcutText !== "" ? qsTr("triggered by %1").arg(root.quitShortcutText)
                                                     : qsTr("triggered by quit shortcut"))
                       + qsTr(" · Esc to cancel · Enter to confirm")

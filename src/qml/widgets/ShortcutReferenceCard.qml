@@ -118,7 +118,7 @@ Item {
 
                         required property var modelData
 
-                        width: content.width
+                        width: row.parent.width
                         height: AppTheme.px(26)
 
                         Rectangle {

@@ -181,7 +181,7 @@ Item {
 
         // --- Quit dialog --------------------------------------------------------
 
-        function openQuitDialog(): Item {
+        function openQuitDialog(): QuitDialog {
             const holder = createTemporaryObject(quitComponent, scene);
             spyA.target = holder.dialog;
             spyA.signalName = "accepted";
