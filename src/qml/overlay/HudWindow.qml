@@ -116,9 +116,11 @@ Window {
         // The toast is not part of the chrome: it stays reachable while it shows.
         appController.toastRect = toolbar.toastRect.width > 0 ? root.globalRect(toolbar.toastRect)
                                                               : Qt.rect(0, 0, 0, 0);
-        // Each further chrome element adds its line here as it joins the window:
-        // statusBarRect from ModeBadge, helpButtonRect from HelpButton and
-        // shortcutCardRect from ShortcutReferenceCard.cardRect, all through chromeRect().
+        appController.statusBarRect = root.chromeRect(statusBadge, Qt.rect(statusBadge.x, statusBadge.y,
+                                                                           statusBadge.width, statusBadge.height));
+        appController.helpButtonRect = root.chromeRect(helpBtn, Qt.rect(helpBtn.x, helpBtn.y, helpBtn.width,
+                                                                        helpBtn.height));
+        appController.shortcutCardRect = root.chromeRect(shortcutCard, shortcutCard.cardRect);
     }
 
     // Keystroke card: left or right with a margin, or centred, above the bottom edge.
@@ -172,9 +174,13 @@ Window {
             captureFeedback.show(appController.captureStatus, appController.captureLastPath);
         }
 
-        // Quit dialog (QuitDialog, z 300): on quitRequested open it, then raise()
-        // and requestActivate(); its visible changes call setModalActive(visible),
-        // accepted calls confirmAndQuit(dontAskAgain), rejected hides it.
+        // The quit hotkey may arrive while the HUD passes the mouse through and
+        // has no focus: the dialog needs the keyboard for Esc and Return.
+        function onQuitRequested() {
+            quitDialog.visible = true;
+            root.raise();
+            root.requestActivate();
+        }
 
         function onRegionCaptureRequested() {
             regionOverlay.visible = true;
@@ -301,12 +307,83 @@ Window {
         onExited: root.scheduleControlsHide()
     }
 
-    // ModeBadge `statusBadge` (z 50) at (px(20), px(20)); HelpButton `helpBtn`
-    // (z 60), left margin px(20), bottom margin px(64), isOpen bound to
-    // shortcutPinned; ShortcutReferenceCard (z 140) while (shortcutPinned or
-    // shortcutPeeking) and uiVisible. Each slides away with controlsChromeVisible
-    // (opacity over controlsFadeDuration, Translate over controlsSlideDuration,
-    // Easing.OutCubic) and stays `visible` so that it can animate back.
+    // Badge, help button and shortcut card slide away with the chrome and stay
+    // `visible` meanwhile, so that they can animate back.
+    ModeBadge {
+        id: statusBadge
+
+        objectName: "statusBadge"
+        z: 50
+        x: AppTheme.px(20)
+        y: AppTheme.px(20)
+        visible: root.uiVisible
+        opacity: root.controlsChromeVisible ? 1 : 0
+        transform: Translate {
+            x: root.controlsChromeVisible ? 0 : -statusBadge.width - statusBadge.x - AppTheme.px(10)
+
+            Behavior on x {
+                NumberAnimation { duration: root.controlsSlideDuration; easing.type: Easing.OutCubic }
+            }
+        }
+
+        Behavior on opacity {
+            NumberAnimation { duration: root.controlsFadeDuration; easing.type: Easing.OutCubic }
+        }
+
+        onXChanged: root.syncInteractiveRectsLater()
+        onYChanged: root.syncInteractiveRectsLater()
+        onWidthChanged: root.syncInteractiveRectsLater()
+        onHeightChanged: root.syncInteractiveRectsLater()
+        onVisibleChanged: root.syncInteractiveRectsLater()
+    }
+
+    HelpButton {
+        id: helpBtn
+
+        objectName: "helpBtn"
+        z: 60
+        x: AppTheme.px(20)
+        y: root.height - AppTheme.px(64) - helpBtn.height
+        visible: root.uiVisible
+        isOpen: root.shortcutPinned
+        // The card stands on the button's place; the lit button would show
+        // through its translucent face.
+        opacity: root.controlsChromeVisible && !shortcutCard.visible ? 1 : 0
+        transform: Translate {
+            y: root.controlsChromeVisible ? 0 : helpBtn.height + AppTheme.px(76)
+
+            Behavior on y {
+                NumberAnimation { duration: root.controlsSlideDuration; easing.type: Easing.OutCubic }
+            }
+        }
+
+        Behavior on opacity {
+            NumberAnimation { duration: root.controlsFadeDuration; easing.type: Easing.OutCubic }
+        }
+
+        onToggled: root.shortcutPinned = !root.shortcutPinned
+        onPeekStarted: root.shortcutPeeking = true
+        onPeekEnded: root.shortcutPeeking = false
+        onYChanged: root.syncInteractiveRectsLater()
+        onWidthChanged: root.syncInteractiveRectsLater()
+        onVisibleChanged: root.syncInteractiveRectsLater()
+    }
+
+    ShortcutReferenceCard {
+        id: shortcutCard
+
+        objectName: "shortcutCard"
+        visible: (root.shortcutPinned || root.shortcutPeeking) && root.uiVisible
+        controlsVisible: root.controlsChromeVisible
+        controlsSlideDuration: root.controlsSlideDuration
+        controlsFadeDuration: root.controlsFadeDuration
+        onCloseRequested: {
+            root.shortcutPinned = false;
+            root.shortcutPeeking = false;
+        }
+        onVisibleChanged: root.syncInteractiveRectsLater()
+        onCardRectChanged: root.syncInteractiveRectsLater()
+    }
 
     // Settings backdrop: a click outside the panel closes the settings.
     MouseArea {
@@ -324,9 +401,26 @@ Window {
 
     // Settings panel (z 100), centred: SettingsWindowLinux, SettingsWindowMac or
     // SettingsWindow by AppTheme.isLinux / AppTheme.isMacOS, with
-    // activeSettingsPanel() giving the same choice. OnboardingCard (z 150) while
-    // firstRunDone is false, its visible changes calling setModalActive.
+    // activeSettingsPanel() giving the same choice.
     // MacPermissionFlow (z 97) on macOS only.
+
+    // At a first start the card is visible from its creation and signals no
+    // change; the controller tests firstRunDone on its own for that case.
+    OnboardingCard {
+        id: onboarding
+
+        objectName: "onboarding"
+        onVisibleChanged: appController.setModalActive(onboarding.visible)
+    }
+
+    QuitDialog {
+        id: quitDialog
+
+        objectName: "quitDialog"
+        onVisibleChanged: appController.setModalActive(quitDialog.visible)
+        onAccepted: appController.confirmAndQuit(quitDialog.dontAskAgain)
+        onRejected: quitDialog.visible = false
+    }
 
     KeystrokeCard {
         id: keystrokeCard

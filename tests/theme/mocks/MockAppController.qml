@@ -23,11 +23,31 @@ QtObject {
     property rect modalRect
     property point cursor: Qt.point(-1000, -1000)
     property int hideSettingsCalls: 0
+    property bool overlayEnabled: true
+    property string currentTool: "cursor"
+    property bool modalActive: false
+    property int toggleOverlayCalls: 0
+    // The arguments of each confirmAndQuit call.
+    property var quitConfirmations: []
 
     signal mouseClicked(point pos, int buttons)
+    signal quitRequested()
 
     function cursorPos(): point {
         return root.cursor;
+    }
+
+    function toggleOverlay() {
+        root.toggleOverlayCalls += 1;
+        root.overlayEnabled = !root.overlayEnabled;
+    }
+
+    function setModalActive(active: bool) {
+        root.modalActive = active;
+    }
+
+    function confirmAndQuit(dontAskAgain: bool) {
+        root.quitConfirmations = root.quitConfirmations.concat([dontAskAgain]);
     }
 
     function hideSettings() {

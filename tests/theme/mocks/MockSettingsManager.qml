@@ -1,7 +1,10 @@
 import QtQuick
 
-// Stand-in for SettingsManager with the first-run defaults.
+// Stand-in for SettingsManager with the first-run defaults, except that the
+// welcome card has been answered, and with the default hotkey map.
 QtObject {
+    id: root
+
     property real uiScale: 1.2
     property int windowsTheme: 2
     property int linuxTheme: 2
@@ -10,4 +13,23 @@ QtObject {
     property string leftClickColor: "#F4A65A"
     property bool overlayControlsAlwaysVisible: false
     property int keystrokePosition: 1
+    property bool firstRunDone: true
+    property bool confirmQuit: true
+    property int hotkeysRevision: 0
+    property var hotkeys: ({
+                               "toggleOverlay": "F5",
+                               "openSettings": "F6",
+                               "spotlight": "Alt+2",
+                               "exitToCursor": "Esc",
+                               "undo": "Ctrl+Z",
+                               "quit": "Ctrl+Shift+Q"
+                           })
+
+    function hotkeyForAction(action: string): string {
+        return root.hotkeys.hasOwnProperty(action) ? root.hotkeys[action] : "";
+    }
+
+    function setFirstRunDone(done: bool) {
+        root.firstRunDone = done;
+    }
 }
