@@ -57,8 +57,26 @@ QQuickWindow *AssembledApp::hud() const
     return m_windows ? m_windows->hudWindow() : nullptr;
 }
 
+namespace {
+
+// Through the visual tree: items a Repeater makes are not QObject children of
+// the item they stand in.
+QQuickItem *findItem(QQuickItem *item, const QString &objectName)
+{
+    if (item->objectName() == objectName)
+        return item;
+    const QList<QQuickItem *> children = item->childItems();
+    for (QQuickItem *child : children) {
+        if (QQuickItem *found = findItem(child, objectName))
+            return found;
+    }
+    return nullptr;
+}
+
+} // namespace
+
 QQuickItem *AssembledApp::hudItem(const QString &objectName) const
 {
     QQuickWindow *window = hud();
-    return window ? window->contentItem()->findChild<QQuickItem *>(objectName) : nullptr;
+    return window ? findItem(window->contentItem(), objectName) : nullptr;
 }

@@ -66,7 +66,7 @@ XcbHotkeyBackend::~XcbHotkeyBackend()
     if (!m_connection)
         return;
     for (const Grab &entry : std::as_const(m_grabs))
-        ungrab(entry);
+        ungrab(entry, m_lockCombinations);
     if (m_started) {
         struct
         {
@@ -101,7 +101,7 @@ void XcbHotkeyBackend::unregisterHotkey(int id)
     const auto it = m_grabs.constFind(id);
     if (it == m_grabs.cend())
         return;
-    ungrab(*it);
+    ungrab(*it, m_lockCombinations);
     m_grabs.erase(it);
     xcb_flush(m_connection);
 }
@@ -241,19 +241,30 @@ void XcbHotkeyBackend::handleXkbEvent(const xcb_generic_event_t *event)
 
 void XcbHotkeyBackend::reloadKeyboard()
 {
-    for (const Grab &entry : std::as_const(m_grabs))
-        ungrab(entry);
+    const QList<uint16_t> oldLocks = m_lockCombinations;
     if (!m_keyboard.load(m_connection)) {
         qCWarning(lcHotkeys) << "XcbHotkeyBackend: the new keyboard map cannot be read";
         return;
     }
     readModifierMasks();
+    const bool locksChanged = m_lockCombinations != oldLocks;
+    int renewed = 0;
     for (auto it = m_grabs.begin(); it != m_grabs.end(); ++it) {
+        const uint16_t modifiers = modifierMask(it->combination.modifiers);
+        const QList<xcb_keycode_t> keycodes =
+            m_keyboard.keycodesForKeysym(XkbKeyboard::keysymForKey(it->combination.key));
+        // A grab the change does not touch stays in place: while it is being
+        // renewed, a press of its key would slip through to the focused window.
+        if (!locksChanged && modifiers == it->modifiers && keycodes == it->keycodes)
+            continue;
+        ungrab(*it, oldLocks);
         if (!grab(*it))
             qCWarning(lcHotkeys) << "XcbHotkeyBackend: hotkey" << it.key()
                                  << "lost after a keyboard change";
+        ++renewed;
     }
-    qCDebug(lcHotkeys) << "XcbHotkeyBackend: grabs renewed for a new keyboard map";
+    if (renewed > 0)
+        qCDebug(lcHotkeys) << "XcbHotkeyBackend: grabs renewed for a new keyboard map:" << renewed;
 }
 
 void XcbHotkeyBackend::readModifierMasks()
@@ -343,16 +354,16 @@ bool XcbHotkeyBackend::grab(Grab &entry)
     }
     if (refused) {
         // Releasing what we did get leaves the other client's grab alone.
-        ungrab(entry);
+        ungrab(entry, m_lockCombinations);
         xcb_flush(m_connection);
     }
     return !refused;
 }
 
-void XcbHotkeyBackend::ungrab(const Grab &entry)
+void XcbHotkeyBackend::ungrab(const Grab &entry, const QList<uint16_t> &lockCombinations)
 {
     for (xcb_keycode_t keycode : entry.keycodes) {
-        for (uint16_t locks : std::as_const(m_lockCombinations))
+        for (uint16_t locks : lockCombinations)
             xcb_ungrab_key(m_connection, keycode, m_root, entry.modifiers | locks);
     }
 }

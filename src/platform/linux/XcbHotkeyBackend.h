@@ -43,7 +43,7 @@ private:
 
     void readModifierMasks();
     bool grab(Grab &grab);
-    void ungrab(const Grab &grab);
+    void ungrab(const Grab &grab, const QList<uint16_t> &lockCombinations);
     void reloadKeyboard();
     uint16_t modifierMask(int modifiers) const;
     bool handleKeyPress(const xcb_key_press_event_t *event);
