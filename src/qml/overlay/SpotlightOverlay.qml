@@ -26,10 +26,23 @@ Item {
     // True while the pointer moves and shortly after; frames are only
     // produced then, so a still pointer costs no rendering at all.
     property bool following: false
+    property bool pointerHere: true
+
+    // True while the disc reaches into this display. Elsewhere the mask is
+    // uniformly dark, so the centre is parked at one point off the window and
+    // nothing is redrawn while the pointer moves on another display.
+    function discReaches(point) {
+        const reach = settingsManager.spotlightRadius;
+        return point.x > -reach && point.y > -reach && point.x < root.width + reach
+                && point.y < root.height + reach;
+    }
 
     function updateSpotlightPos(frameTimeSecs) {
         const p = appController.cursorPos();
-        const next = Qt.point(p.x - root.screenVirtualX, p.y - root.screenVirtualY);
+        let next = Qt.point(p.x - root.screenVirtualX, p.y - root.screenVirtualY);
+        root.pointerHere = root.discReaches(next);
+        if (!root.pointerHere)
+            next = Qt.point(-2 * settingsManager.spotlightRadius, -2 * settingsManager.spotlightRadius);
         root.rawX = next.x;
         root.rawY = next.y;
         if (!root.hasCursorSample || !settingsManager.spotlightSmoothTracking
@@ -75,7 +88,7 @@ Item {
     }
 
     FrameAnimation {
-        running: root.visible && root.isActiveDisplay && root.following
+        running: root.visible && root.isActiveDisplay && root.following && root.pointerHere
         onTriggered: root.updateSpotlightPos(frameTime)
     }
 
