@@ -142,6 +142,10 @@ private slots:
             m_user.moveTo(QPoint(x, 600));
         m_user.release(1);
         QTRY_COMPARE(app.drawing().strokeList().size(), 1);
+        // The controls window takes the mouse once the poll has seen the pointer
+        // over the toolbar.
+        m_user.moveTo(centreOf(app.hudItem(QStringLiteral("undoButton"))));
+        QTRY_VERIFY(app.controller().hudInteractive());
         clickAt(centreOf(app.hudItem(QStringLiteral("undoButton"))));
         QTRY_COMPARE(app.drawing().strokeList().size(), 0);
         QCOMPARE(client.pressCount(), 0);

@@ -33,8 +33,8 @@ Item {
     // nothing is redrawn while the pointer moves on another display.
     function discReaches(point) {
         const reach = settingsManager.spotlightRadius;
-        return point.x > -reach && point.y > -reach && point.x < root.width + reach
-                && point.y < root.height + reach;
+        return point.x > -reach && point.y > -reach && point.x < root.screenW + reach
+                && point.y < root.screenH + reach;
     }
 
     function updateSpotlightPos(frameTimeSecs) {
