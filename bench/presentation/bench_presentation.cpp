@@ -74,8 +74,8 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("Orvelline"));
     QCoreApplication::setApplicationName(QStringLiteral("Glimmora"));
-    const double seconds = qEnvironmentVariableIsSet("BENCH_SECONDS")
-        ? qEnvironmentVariable("BENCH_SECONDS").toDouble()
+    const double seconds = qEnvironmentVariableIsSet("GLIMMORA_BENCH_SECONDS")
+        ? qEnvironmentVariable("GLIMMORA_BENCH_SECONDS").toDouble()
         : 5.0;
     XTestSession user;
 
@@ -88,7 +88,10 @@ int main(int argc, char *argv[])
         window.setGeometry(0, 0, 1920, 1080);
         QQuickItem spinner(window.contentItem());
         window.show();
-        QTest::qWaitForWindowExposed(&window);
+        if (!QTest::qWaitForWindowExposed(&window)) {
+            std::fprintf(stderr, "bench_presentation: the reference window never showed\n");
+            return 1;
+        }
         QObject::connect(&window, &QQuickWindow::frameSwapped, &window,
                          [&window] { window.update(); });
         window.update();

@@ -27,6 +27,9 @@ Q_LOGGING_CATEGORY(lcController, "glimmora.app.controller")
 
 namespace {
 constexpr int pollIntervalMs = 16;
+// While no input arrives the poll still reads the pointer this often, for a
+// pointer that something other than a device moved.
+constexpr int quietTicksPerRead = 16;
 // Long enough for the toolbar and the HUD chrome to vanish from the screen
 // before it is grabbed.
 constexpr int captureDelayMs = 120;
@@ -41,7 +44,8 @@ bool isNonDrawingTool(const QString &tool)
 AppController::AppController(SettingsManager *settings, OverlayManager *overlayManager,
                              DrawingModel *drawingModel, CaptureManager *captureManager,
                              DisplayManager *displayManager, RecordingManager *recordingManager,
-                             std::unique_ptr<PointerButtons> pointerButtons, QObject *parent)
+                             std::unique_ptr<PointerButtons> pointerButtons,
+                             std::unique_ptr<PointerActivity> pointerActivity, QObject *parent)
     : QObject(parent)
     , m_settings(settings)
     , m_overlayManager(overlayManager)
@@ -50,6 +54,7 @@ AppController::AppController(SettingsManager *settings, OverlayManager *overlayM
     , m_captureManager(captureManager)
     , m_recordingManager(recordingManager)
     , m_pointerButtons(std::move(pointerButtons))
+    , m_pointerActivity(std::move(pointerActivity))
     , m_session(SessionCapabilities::create())
     , m_folderRevealer(FolderRevealer::create())
 {
@@ -504,6 +509,13 @@ void AppController::setMousePosition(const QPointF &p)
 
 void AppController::pollPointer()
 {
+    // Reading the pointer is a round trip to the window system: at rest it
+    // would cost more than everything else the idle overlay does.
+    const bool input = !m_pointerActivity || m_pointerActivity->takeActivity();
+    if (!input && ++m_quietTicks < quietTicksPerRead)
+        return;
+    m_quietTicks = 0;
+
     const QPointF p = cursorPos();
 
     if (m_currentTool == QLatin1String("spotlight") && m_pointerButtons) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "display/ClickThroughPolicy.h"
+#include "platform/PointerActivity.h"
 #include "platform/PointerButtons.h"
 
 #include <QObject>
@@ -90,6 +91,7 @@ public:
         CaptureManager *captureManager, DisplayManager *displayManager,
         RecordingManager *recordingManager,
         std::unique_ptr<PointerButtons> pointerButtons = PointerButtons::create(),
+        std::unique_ptr<PointerActivity> pointerActivity = PointerActivity::create(),
         QObject *parent = nullptr);
     ~AppController() override;
 
@@ -249,6 +251,7 @@ private:
     CaptureManager *m_captureManager;
     RecordingManager *m_recordingManager;
     std::unique_ptr<PointerButtons> m_pointerButtons;
+    std::unique_ptr<PointerActivity> m_pointerActivity;
     std::unique_ptr<SessionCapabilities> m_session;
     std::unique_ptr<FolderRevealer> m_folderRevealer;
     QTimer *m_pollTimer = nullptr;
@@ -270,6 +273,7 @@ private:
     QPointF m_dragCursorPos;
     QPointF m_mousePosition;
     int m_previousButtons = 0;
+    int m_quietTicks = 0;
     bool m_lastHudInteractive = false;
     QString m_captureStatus;
     QString m_captureLastPath;

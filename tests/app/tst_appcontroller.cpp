@@ -24,6 +24,20 @@ private:
     std::shared_ptr<int> m_mask;
 };
 
+// Input "arrived" while the shared flag is set.
+class FakePointerActivity final : public PointerActivity
+{
+public:
+    explicit FakePointerActivity(std::shared_ptr<bool> input)
+        : m_input(std::move(input))
+    {
+    }
+    bool takeActivity() override { return *m_input; }
+
+private:
+    std::shared_ptr<bool> m_input;
+};
+
 class NullPassThrough final : public WindowPassThrough
 {
 public:
@@ -51,15 +65,18 @@ private:
     std::unique_ptr<OverlayManager> overlays;
     std::unique_ptr<AppController> controller;
     std::shared_ptr<int> buttons;
+    std::shared_ptr<bool> input;
     QWindow hud;
 
     void build()
     {
         controller.reset();
         buttons = std::make_shared<int>(0);
-        controller = std::make_unique<AppController>(settings.get(), overlays.get(), nullptr,
-                                                     nullptr, displays.get(), nullptr,
-                                                     std::make_unique<FakePointerButtons>(buttons));
+        input = std::make_shared<bool>(true);
+        controller = std::make_unique<AppController>(
+            settings.get(), overlays.get(), nullptr, nullptr, displays.get(), nullptr,
+            std::make_unique<FakePointerButtons>(buttons),
+            std::make_unique<FakePointerActivity>(input));
     }
 
     // The screen's own centre: far from any hit rectangle unless a test puts one there.
@@ -350,6 +367,27 @@ private slots:
         controller->pollPointer();
         QCOMPARE(controller->activeDisplayId(), QString());
         QCOMPARE(display.count(), 1);
+    }
+
+    void quietTicksReadThePointerNowAndThen()
+    {
+        // The first tick after input reads; then only every sixteenth quiet one.
+        controller->pollPointer();
+        *input = false;
+        const QPoint moved = screenCentre() + QPoint(3, 3);
+        QCursor::setPos(moved);
+        for (int tick = 1; tick < 16; ++tick) {
+            controller->pollPointer();
+            QVERIFY2(controller->mousePosition() != QPointF(moved), qPrintable(QString::number(tick)));
+        }
+        controller->pollPointer();
+        QCOMPARE(controller->mousePosition(), QPointF(moved));
+
+        // Input reads at the very next tick.
+        QCursor::setPos(screenCentre());
+        *input = true;
+        controller->pollPointer();
+        QCOMPARE(controller->mousePosition(), QPointF(screenCentre()));
     }
 
     void theTimerPolls()

@@ -1,0 +1,68 @@
+#include "platform/linux/XcbPointerActivity.h"
+
+#include <QLoggingCategory>
+
+#include <cstdlib>
+#include <xcb/xinput.h>
+
+Q_LOGGING_CATEGORY(lcPointerActivity, "glimmora.platform")
+
+std::unique_ptr<PointerActivity> PointerActivity::create()
+{
+    return std::make_unique<XcbPointerActivity>();
+}
+
+XcbPointerActivity::XcbPointerActivity()
+{
+    int screenNumber = 0;
+    m_connection = xcb_connect(nullptr, &screenNumber);
+    if (xcb_connection_has_error(m_connection)) {
+        qCInfo(lcPointerActivity) << "XcbPointerActivity: no X connection, the poll reads every tick";
+        return;
+    }
+    xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(m_connection));
+    for (int i = 0; i < screenNumber && screens.rem; ++i)
+        xcb_screen_next(&screens);
+
+    // Raw events go to every client that selects them on the root window
+    // only from XInput 2.2 on, even while another client grabs the pointer.
+    xcb_input_xi_query_version_reply_t *version = xcb_input_xi_query_version_reply(
+        m_connection, xcb_input_xi_query_version(m_connection, 2, 2), nullptr);
+    const bool recent = version
+        && (version->major_version > 2
+            || (version->major_version == 2 && version->minor_version >= 2));
+    std::free(version);
+    if (!screens.data || !recent) {
+        qCInfo(lcPointerActivity) << "XcbPointerActivity: XInput 2.2 is missing, the poll reads every tick";
+        return;
+    }
+
+    struct
+    {
+        xcb_input_event_mask_t head;
+        uint32_t mask;
+    } raw { { XCB_INPUT_DEVICE_ALL_MASTER, 1 },
+            XCB_INPUT_XI_EVENT_MASK_RAW_MOTION | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS
+                | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE };
+    xcb_input_xi_select_events(m_connection, screens.data->root, 1, &raw.head);
+    xcb_flush(m_connection);
+    m_watching = true;
+}
+
+XcbPointerActivity::~XcbPointerActivity()
+{
+    xcb_disconnect(m_connection);
+}
+
+bool XcbPointerActivity::takeActivity()
+{
+    if (!m_watching || xcb_connection_has_error(m_connection))
+        return true;
+    // Only raw pointer events are selected, so any event means input.
+    bool seen = false;
+    while (xcb_generic_event_t *event = xcb_poll_for_event(m_connection)) {
+        seen = true;
+        std::free(event);
+    }
+    return seen;
+}
