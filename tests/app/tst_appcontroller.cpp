@@ -73,10 +73,10 @@ private:
         controller.reset();
         buttons = std::make_shared<int>(0);
         input = std::make_shared<bool>(true);
-        controller = std::make_unique<AppController>(
-            settings.get(), overlays.get(), nullptr, nullptr, displays.get(), nullptr,
-            std::make_unique<FakePointerButtons>(buttons),
-            std::make_unique<FakePointerActivity>(input));
+        controller = std::make_unique<AppController>(settings.get(), overlays.get(), nullptr,
+                                                     nullptr, displays.get(), nullptr,
+                                                     std::make_unique<FakePointerButtons>(buttons),
+                                                     std::make_unique<FakePointerActivity>(input));
     }
 
     // The screen's own centre: far from any hit rectangle unless a test puts one there.
@@ -378,7 +378,8 @@ private slots:
         QCursor::setPos(moved);
         for (int tick = 1; tick < 16; ++tick) {
             controller->pollPointer();
-            QVERIFY2(controller->mousePosition() != QPointF(moved), qPrintable(QString::number(tick)));
+            QVERIFY2(controller->mousePosition() != QPointF(moved),
+                     qPrintable(QString::number(tick)));
         }
         controller->pollPointer();
         QCOMPARE(controller->mousePosition(), QPointF(moved));

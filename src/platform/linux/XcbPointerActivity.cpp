@@ -17,7 +17,8 @@ XcbPointerActivity::XcbPointerActivity()
     int screenNumber = 0;
     m_connection = xcb_connect(nullptr, &screenNumber);
     if (xcb_connection_has_error(m_connection)) {
-        qCInfo(lcPointerActivity) << "XcbPointerActivity: no X connection, the poll reads every tick";
+        qCInfo(lcPointerActivity)
+            << "XcbPointerActivity: no X connection, the poll reads every tick";
         return;
     }
     xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(m_connection));
@@ -33,7 +34,8 @@ XcbPointerActivity::XcbPointerActivity()
             || (version->major_version == 2 && version->minor_version >= 2));
     std::free(version);
     if (!screens.data || !recent) {
-        qCInfo(lcPointerActivity) << "XcbPointerActivity: XInput 2.2 is missing, the poll reads every tick";
+        qCInfo(lcPointerActivity)
+            << "XcbPointerActivity: XInput 2.2 is missing, the poll reads every tick";
         return;
     }
 
