@@ -19,6 +19,7 @@ RecordingWorker::Stats RecordingWorker::stats() const
 {
     Stats s = m_stats;
     s.droppedFrames = m_pacer.droppedFrames();
+    s.skippedFrames = m_pacer.skippedFrames();
     return s;
 }
 

@@ -122,16 +122,19 @@ private slots:
         QTest::addColumn<QList<qint64>>("ticksMs");
         QTest::addColumn<QList<bool>>("admitted");
         QTest::addColumn<qint64>("dropped");
+        QTest::addColumn<qint64>("skipped");
         QTest::newRow("first tick, however late, adds nothing")
-            << QList<qint64> { 5000 } << QList<bool> { true } << qint64(0);
-        QTest::newRow("steady 33 ms ticks") << QList<qint64> { 34, 67, 100, 134 }
-                                            << QList<bool> { true, true, true, true } << qint64(0);
-        QTest::newRow("a tick that does not reach a new frame counts as a drop")
-            << QList<qint64> { 34, 66 } << QList<bool> { true, false } << qint64(1);
-        QTest::newRow("a gap adds target - last - 1")
-            << QList<qint64> { 34, 200 } << QList<bool> { true, true } << qint64(4);
+            << QList<qint64> { 5000 } << QList<bool> { true } << qint64(0) << qint64(0);
+        QTest::newRow("steady 33 ms ticks")
+            << QList<qint64> { 34, 67, 100, 134 } << QList<bool> { true, true, true, true }
+            << qint64(0) << qint64(0);
+        QTest::newRow("a tick that does not reach a new frame is a drop, not a skip")
+            << QList<qint64> { 34, 66 } << QList<bool> { true, false } << qint64(1) << qint64(0);
+        QTest::newRow("a gap adds target - last - 1 to both")
+            << QList<qint64> { 34, 200 } << QList<bool> { true, true } << qint64(4) << qint64(4);
         QTest::newRow("a pause of two seconds is counted whole")
-            << QList<qint64> { 100, 2100 } << QList<bool> { true, true } << qint64(59);
+            << QList<qint64> { 100, 2100 } << QList<bool> { true, true } << qint64(59)
+            << qint64(59);
     }
 
     void pacing()
@@ -144,6 +147,7 @@ private slots:
             got.append(pacer.admit(ms));
         QCOMPARE(got, admitted);
         QTEST(pacer.droppedFrames(), "dropped");
+        QTEST(pacer.skippedFrames(), "skipped");
     }
 
     void busyTickCountsAsDrop()
@@ -153,6 +157,7 @@ private slots:
         pacer.countBusyTick();
         QCOMPARE(pacer.droppedFrames(), qint64(1));
         QCOMPARE(pacer.lastFrameIndex(), qint64(1));
+        QCOMPARE(pacer.skippedFrames(), qint64(0));
         pacer.reset(30);
         QCOMPARE(pacer.droppedFrames(), qint64(0));
         QCOMPARE(pacer.lastFrameIndex(), qint64(-1));
