@@ -9,15 +9,20 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QFile>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
+#include <atomic>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <sys/resource.h>
+#include <thread>
 
 namespace {
 
@@ -35,27 +40,40 @@ struct Figures
     double cpuPercent = 0;
 };
 
-// Runs the event loop for `seconds`, moving the pointer in a circle at 60 Hz
-// when `moving`, and counts the frames `window` presents.
+// Runs the event loop for `seconds` and counts the frames `window` presents.
+// When `moving`, a thread of the bench moves the pointer in a circle at the
+// 125 Hz of a common mouse, so that the pointer, not the bench, sets the pace
+// and the event loop runs as it would for a user.
 Figures measure(QQuickWindow *window, XTestSession &user, bool moving, double seconds)
 {
     int frames = 0;
     const auto connection =
         QObject::connect(window, &QQuickWindow::frameSwapped, window, [&frames] { ++frames; });
+    std::atomic_bool stop = false;
+    std::thread mover;
+    if (moving) {
+        mover = std::thread([&user, &stop] {
+            for (int step = 0; !stop; ++step) {
+                const double angle = step * 0.025;
+                user.moveTo(
+                    QPoint(960 + int(300 * std::cos(angle)), 540 + int(300 * std::sin(angle))));
+                std::this_thread::sleep_for(std::chrono::milliseconds(8));
+            }
+        });
+    }
     const double cpuBefore = processCpuSeconds();
     QElapsedTimer clock;
     clock.start();
-    int step = 0;
-    while (clock.elapsed() < seconds * 1000) {
-        if (moving) {
-            const double angle = step++ * 0.05;
-            user.moveTo(QPoint(960 + int(300 * std::cos(angle)), 540 + int(300 * std::sin(angle))));
-        }
-        QTest::qWait(16);
-    }
+    QEventLoop loop;
+    QTimer::singleShot(int(seconds * 1000), &loop, &QEventLoop::quit);
+    loop.exec();
     const double elapsed = clock.elapsed() / 1000.0;
+    const double cpu = processCpuSeconds() - cpuBefore;
+    stop = true;
+    if (mover.joinable())
+        mover.join();
     QObject::disconnect(connection);
-    return { frames / elapsed, 100.0 * (processCpuSeconds() - cpuBefore) / elapsed };
+    return { frames / elapsed, 100.0 * cpu / elapsed };
 }
 
 void print(const char *what, const Figures &figures, const Figures &reference)

@@ -25,11 +25,12 @@ void DrawingRendererItem::setDrawingModel(DrawingModel *model)
     m_modelConnections.clear();
     m_model = model;
     if (model) {
-        m_modelConnections << connect(model, &DrawingModel::strokesChanged, this, [this] {
-            update();
-        }) << connect(model, &QObject::destroyed, this, &DrawingRendererItem::onModelDestroyed);
+        m_modelConnections << connect(model, &DrawingModel::strokesChanged, this,
+                                      &DrawingRendererItem::strokesMayHaveChanged)
+                           << connect(model, &QObject::destroyed, this,
+                                      &DrawingRendererItem::onModelDestroyed);
     }
-    update();
+    strokesMayHaveChanged();
     emit drawingModelChanged();
 }
 
@@ -37,7 +38,7 @@ void DrawingRendererItem::onModelDestroyed()
 {
     m_modelConnections.clear();
     m_model = nullptr;
-    update();
+    strokesMayHaveChanged();
     emit drawingModelChanged();
 }
 
@@ -46,7 +47,7 @@ void DrawingRendererItem::setStrokes(const QVariantList &strokes)
     if (m_strokes == strokes)
         return;
     m_strokes = strokes;
-    update();
+    strokesMayHaveChanged();
     emit strokesChanged();
 }
 
@@ -56,7 +57,7 @@ void DrawingRendererItem::setDisplayId(const QString &displayId)
         return;
     m_displayId = displayId;
     invalidateLayer();
-    update();
+    strokesMayHaveChanged();
     emit displayIdChanged();
 }
 
@@ -66,7 +67,7 @@ void DrawingRendererItem::setMirrorAnnotations(bool mirror)
         return;
     m_mirrorAnnotations = mirror;
     invalidateLayer();
-    update();
+    strokesMayHaveChanged();
     emit mirrorAnnotationsChanged();
 }
 
@@ -107,6 +108,19 @@ QList<Stroke> DrawingRendererItem::sourceStrokes() const
         parsed.append(
             Stroke::fromMap(value.toMap(), m_defaultWidth, m_defaultColor, m_defaultSmoothing));
     return parsed;
+}
+
+void DrawingRendererItem::strokesMayHaveChanged()
+{
+    const QList<Stroke> strokes = sourceStrokes();
+    const bool content = std::any_of(strokes.cbegin(), strokes.cend(), [this](const Stroke &s) {
+        return m_mirrorAnnotations || s.showsOn(m_displayId);
+    });
+    update();
+    if (content == m_hasContent)
+        return;
+    m_hasContent = content;
+    emit hasContentChanged();
 }
 
 void DrawingRendererItem::invalidateLayer()

@@ -34,6 +34,9 @@ class DrawingRendererItem : public QQuickPaintedItem
         int defaultWidth READ defaultWidth WRITE setDefaultWidth NOTIFY defaultWidthChanged FINAL)
     Q_PROPERTY(int defaultSmoothing READ defaultSmoothing WRITE setDefaultSmoothing NOTIFY
                    defaultSmoothingChanged FINAL)
+    // Whether any stroke shows in this window. Bound to `visible`: even an
+    // empty painted layer costs a full-window texture pass in every frame.
+    Q_PROPERTY(bool hasContent READ hasContent NOTIFY hasContentChanged FINAL)
 
 public:
     explicit DrawingRendererItem(QQuickItem *parent = nullptr);
@@ -59,6 +62,8 @@ public:
     int defaultSmoothing() const { return m_defaultSmoothing; }
     void setDefaultSmoothing(int smoothing);
 
+    bool hasContent() const { return m_hasContent; }
+
     void paint(QPainter *painter) override;
 
 signals:
@@ -69,12 +74,14 @@ signals:
     void defaultColorChanged();
     void defaultWidthChanged();
     void defaultSmoothingChanged();
+    void hasContentChanged();
 
 private:
     Q_DISABLE_COPY_MOVE(DrawingRendererItem)
 
     QList<Stroke> sourceStrokes() const;
     void onModelDestroyed();
+    void strokesMayHaveChanged();
     void invalidateLayer();
     bool layerStillShows(const QList<Stroke> &strokes, QSize pixels, QSizeF scale) const;
     void paintOntoLayer(const QList<Stroke> &strokes, qsizetype from);
@@ -96,4 +103,5 @@ private:
     bool m_layerUsesDefaultColor = false;
     bool m_layerUsesDefaultWidth = false;
     bool m_layerValid = false;
+    bool m_hasContent = false;
 };

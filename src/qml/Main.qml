@@ -12,7 +12,7 @@ ApplicationWindow {
     height: 1
     visible: true
     title: "Glimmora"
-    color: "transparent"
+    color: overlayRoot.windowColor
     flags: Qt.Window | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint | Qt.Tool
 
     // Actions whose keys carry a command name on the keystroke card, in the
@@ -73,7 +73,9 @@ ApplicationWindow {
         return root.penPalette[(index + 1) % root.penPalette.length];
     }
 
-    OverlayRoot {}
+    OverlayRoot {
+        id: overlayRoot
+    }
 
     // Inline components cannot reach the document's ids, so the stored
     // sequence is read here directly, with "Win" spelled as Qt's "Meta".

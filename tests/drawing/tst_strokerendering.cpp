@@ -245,6 +245,13 @@ void TestStrokeRendering::liveDisplayFilter()
     item.setMirrorAnnotations(mirror);
     const QImage image = paintItem(item, kCanvas);
     QCOMPARE(countPainted(image, image.rect()) > 0, painted);
+    // The window hides the item exactly when it would paint nothing.
+    QCOMPARE(item.hasContent(), painted);
+
+    QSignalSpy contentChanged(&item, &DrawingRendererItem::hasContentChanged);
+    model.clear();
+    QVERIFY(!item.hasContent());
+    QCOMPARE(contentChanged.count(), painted ? 1 : 0);
 }
 
 void TestStrokeRendering::widthsAndColours_data()

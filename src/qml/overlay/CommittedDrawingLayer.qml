@@ -14,6 +14,7 @@ Item {
 
         objectName: "committedRenderer"
         anchors.fill: parent
+        visible: renderer.hasContent
         drawingModel: root.model
         displayId: root.displayId
         mirrorAnnotations: settingsManager.mirrorAnnotationsAcrossDisplays

@@ -14,7 +14,8 @@ Item {
 
     signal zoomChanged(real newZoom)
 
-    readonly property point cursor: appController.mousePosition
+    // Only while on: a hidden item that moves still costs its window a frame.
+    readonly property point cursor: root.active ? appController.mousePosition : Qt.point(0, 0)
     // Hidden over the controls, so that they stay reachable; that also stops
     // the grab, since the item's `active` follows `visible`.
     readonly property bool blockedByControls: appController.settingsVisible

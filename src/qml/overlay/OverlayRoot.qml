@@ -32,10 +32,15 @@ Item {
                                               && appController.currentTool !== "spotlight"
                                               && (root.includeAnnotations || root.uiVisible)
 
+    // What the window clears to: the spotlight lies first and darkens through it.
+    readonly property color windowColor: root.visible ? spotlight.windowColor : "transparent"
+
     anchors.fill: parent
     visible: root.displayEnabled
 
     SpotlightOverlay {
+        id: spotlight
+
         anchors.fill: parent
         visible: root.spotlightVisible
     }

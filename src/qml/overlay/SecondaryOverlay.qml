@@ -35,7 +35,7 @@ Window {
                                                   && appController.toolbarDragTargetEnabled
 
     flags: Qt.Window | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint | Qt.Tool
-    color: "transparent"
+    color: spotlight.windowColor
     visible: {
         if (!appController.overlayEnabled)
             return false;
@@ -45,6 +45,8 @@ Window {
     }
 
     SpotlightOverlay {
+        id: spotlight
+
         anchors.fill: parent
         visible: root.spotlightVisible
     }

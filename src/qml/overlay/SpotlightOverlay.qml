@@ -31,8 +31,11 @@ Item {
     // True while the disc reaches into this display. Elsewhere the mask is
     // uniformly dark, so the centre is parked at one point off the window and
     // nothing is redrawn while the pointer moves on another display.
+    // The soft edge may run past the radius when it is wider than the disc.
+    readonly property real discReach: Math.max(settingsManager.spotlightRadius, settingsManager.edgeBlur) + 1
+
     function discReaches(point) {
-        const reach = settingsManager.spotlightRadius;
+        const reach = root.discReach;
         return point.x > -reach && point.y > -reach && point.x < root.screenW + reach
                 && point.y < root.screenH + reach;
     }
@@ -42,7 +45,7 @@ Item {
         let next = Qt.point(p.x - root.screenVirtualX, p.y - root.screenVirtualY);
         root.pointerHere = root.discReaches(next);
         if (!root.pointerHere)
-            next = Qt.point(-2 * settingsManager.spotlightRadius, -2 * settingsManager.spotlightRadius);
+            next = Qt.point(-2 * root.discReach, -2 * root.discReach);
         root.rawX = next.x;
         root.rawY = next.y;
         if (!root.hasCursorSample || !settingsManager.spotlightSmoothTracking
@@ -72,8 +75,14 @@ Item {
             root.updateSpotlightPos(0.016);
     }
 
+    // The colour the window clears to while the mask shows: the mask beyond the disc.
+    readonly property color windowColor: root.visible ? renderer.backdrop : "transparent"
+
     SpotlightRenderer {
+        id: renderer
+
         anchors.fill: parent
+        windowClearsBackdrop: true
         centerX: settingsManager.spotlightSmoothTracking ? root.smoothX : root.rawX
         centerY: settingsManager.spotlightSmoothTracking ? root.smoothY : root.rawY
         radius: settingsManager.spotlightRadius
