@@ -70,10 +70,16 @@ Item {
         return settingsManager.leftClickColor;
     }
 
-    onVisibleChanged: {
+    // Also when the window lands at its place after the first sample, which
+    // would leave the hole where the pointer is on another display.
+    function refreshPosition() {
         if (root.visible && root.isActiveDisplay)
             root.updateSpotlightPos(0.016);
     }
+
+    onVisibleChanged: root.refreshPosition()
+    onScreenVirtualXChanged: root.refreshPosition()
+    onScreenVirtualYChanged: root.refreshPosition()
 
     // The colour the window clears to while the mask shows: the mask beyond the disc.
     readonly property color windowColor: root.visible ? renderer.backdrop : "transparent"
