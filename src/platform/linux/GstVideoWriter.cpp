@@ -6,6 +6,30 @@
 #include <gst/app/gstappsrc.h>
 #include <gst/gst.h>
 #include <gst/video/video.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace {
+
+// The encoder has a queue to absorb a slow frame; the capture side has only
+// its 33 ms tick. Its threads, and the ones they start (x264's, the
+// converter's), therefore yield to everything else of the same user.
+constexpr int encoderNiceness = 10;
+
+GstBusSyncReply lowerStreamingThreads(GstBus *, GstMessage *message, gpointer)
+{
+    if (GST_MESSAGE_TYPE(message) == GST_MESSAGE_STREAM_STATUS) {
+        GstStreamStatusType type;
+        GstElement *owner = nullptr;
+        gst_message_parse_stream_status(message, &type, &owner);
+        // Posted from the new streaming thread itself, before it does any work.
+        if (type == GST_STREAM_STATUS_TYPE_ENTER)
+            setpriority(PRIO_PROCESS, id_t(gettid()), encoderNiceness);
+    }
+    return GST_BUS_PASS;
+}
+
+} // namespace
 
 std::unique_ptr<VideoWriter> VideoWriter::create()
 {
@@ -86,6 +110,9 @@ bool GstVideoWriter::openSink(const QString &path, const CaptureSession &,
     g_object_set(muxer, "fragment-duration", guint(1000), nullptr);
     gst_util_set_object_arg(G_OBJECT(muxer), "fragment-mode", "first-moov-then-finalise");
     g_object_set(sink, "location", path.toUtf8().constData(), nullptr);
+    GstBus *bus = gst_element_get_bus(m_pipeline);
+    gst_bus_set_sync_handler(bus, lowerStreamingThreads, nullptr, nullptr);
+    gst_object_unref(bus);
 
     gst_bin_add_many(GST_BIN(m_pipeline), appsrc, convert, rawFilter, encoder, h264Filter, muxer,
                      sink, nullptr);
