@@ -2,13 +2,10 @@
 // rest and while the pointer moves, the time from a tool change until the
 // server has the new input region, and the idle CPU of the running program.
 // Each figure stands beside a reference measured in the same run.
+#include "AssembledApp.h"
 #include "ProbeClient.h"
 #include "XTestSession.h"
 #include "app/AppController.h"
-#include "display/DisplayManager.h"
-#include "display/OverlayManager.h"
-#include "display/OverlayWindowManager.h"
-#include "platform/LoginEntry.h"
 #include "settings/SettingsManager.h"
 
 #include <QApplication>
@@ -16,8 +13,6 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
-#include <QQmlApplicationEngine>
-#include <QQmlContext>
 #include <QQuickWindow>
 #include <QTemporaryDir>
 #include <QTest>
@@ -93,13 +88,8 @@ private slots:
 private:
     XTestSession m_user;
     ProbeClient m_client;
-    std::unique_ptr<SettingsManager> m_settings;
-    std::unique_ptr<DisplayManager> m_displays;
-    std::unique_ptr<OverlayManager> m_overlays;
-    std::unique_ptr<AppController> m_controller;
-    std::unique_ptr<QQmlApplicationEngine> m_engine;
-    QQuickWindow *m_main = nullptr;
-    std::unique_ptr<OverlayWindowManager> m_manager;
+    std::unique_ptr<AssembledApp> m_app;
+    AppController *m_controller = nullptr;
 };
 
 void BenchClickThrough::initTestCase()
@@ -107,35 +97,18 @@ void BenchClickThrough::initTestCase()
     QVERIFY2(QGuiApplication::platformName() == QLatin1String("xcb"), "needs the X server");
     QVERIFY(m_user.isValid());
     QVERIFY(m_client.start(QRect(0, 0, 1920, 1080)));
-    m_settings = std::make_unique<SettingsManager>(std::unique_ptr<LoginEntry>());
+    m_app = std::make_unique<AssembledApp>();
+    QVERIFY(m_app->isValid());
     // Past the first start: the welcome card would make the whole HUD take the mouse.
-    m_settings->setFirstRunDone(true);
-    m_displays = std::make_unique<DisplayManager>(m_settings.get());
-    m_overlays = std::make_unique<OverlayManager>();
-    m_controller = std::make_unique<AppController>(m_settings.get(), m_overlays.get(), nullptr,
-                                                   nullptr, m_displays.get(), nullptr);
-    m_engine = std::make_unique<QQmlApplicationEngine>();
-    QQmlContext *context = m_engine->rootContext();
-    context->setContextProperty("appController", m_controller.get());
-    context->setContextProperty("settingsManager", m_settings.get());
-    context->setContextProperty("displayManager", m_displays.get());
-    for (const char *name : { "drawingModel", "renderBackendManager", "macPermissions",
-                              "winAcrylic", "hotkeyManager" })
-        context->setContextProperty(QString::fromLatin1(name),
-                                    QVariant::fromValue<QObject *>(nullptr));
-    m_engine->load(QUrl(QStringLiteral("qrc:/qt/qml/GlimmoraApp/Main.qml")));
-    QVERIFY(!m_engine->rootObjects().isEmpty());
-    m_main = qobject_cast<QQuickWindow *>(m_engine->rootObjects().constFirst());
-    QVERIFY(m_main);
-    m_manager = std::make_unique<OverlayWindowManager>(m_displays.get(), m_overlays.get(),
-                                                       m_controller.get(), m_engine.get(), m_main);
-    QVERIFY(QTest::qWaitForWindowExposed(m_main));
+    m_app->settings().setFirstRunDone(true);
+    m_controller = &m_app->controller();
+    QVERIFY(QTest::qWaitForWindowExposed(m_app->mainWindow()));
 }
 
 void BenchClickThrough::cleanupTestCase()
 {
-    m_manager.reset();
-    m_engine.reset();
+    m_controller = nullptr;
+    m_app.reset();
 }
 
 void BenchClickThrough::pollTick()
@@ -177,7 +150,7 @@ void BenchClickThrough::pollTick()
 
 void BenchClickThrough::toolChangeLatency()
 {
-    const auto native = static_cast<uint32_t>(m_main->winId());
+    const auto native = static_cast<uint32_t>(m_app->mainWindow()->winId());
     m_user.watchInputShape(native);
     QList<double> latencies;
     QList<double> roundTrips;
@@ -230,7 +203,8 @@ void BenchClickThrough::idleProcessCpu()
 
     // The in-process overlays would stand in its way; the reference is the
     // smallest transparent Qt Quick window, idle as long.
-    m_manager.reset();
+    m_controller = nullptr;
+    m_app.reset();
     QProcess glimmora;
     glimmora.setProcessEnvironment(env);
     glimmora.setStandardOutputFile(QProcess::nullDevice());

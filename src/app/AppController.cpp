@@ -720,16 +720,23 @@ void AppController::updateToolbarMoveVisual(const QPointF &topLeft, const QSizeF
     emit toolbarMoveVisualRectChanged();
 }
 
-bool AppController::endToolbarDrag()
+// Hands the controls to the display under the pointer, if that one may take them.
+bool AppController::commitToolbarDragTarget()
 {
-    if (!m_toolbarDragging)
-        return false;
     updateToolbarDragTarget(cursorPos());
     const QString target = m_toolbarDragTargetDisplayId;
     const bool committed = m_toolbarDragTargetEnabled && m_displayManager
         && target != m_displayManager->controlDisplayId();
     if (committed)
         m_displayManager->setControlDisplay(target);
+    return committed;
+}
+
+bool AppController::endToolbarDrag()
+{
+    if (!m_toolbarDragging)
+        return false;
+    const bool committed = commitToolbarDragTarget();
     m_toolbarDragging = false;
     emit toolbarDraggingChanged();
     setToolbarDragTarget(QString(), false);
@@ -741,12 +748,7 @@ bool AppController::endToolbarMove()
 {
     if (!m_toolbarMoving)
         return false;
-    updateToolbarDragTarget(cursorPos());
-    const QString target = m_toolbarDragTargetDisplayId;
-    const bool committed = m_toolbarDragTargetEnabled && m_displayManager
-        && target != m_displayManager->controlDisplayId();
-    if (committed)
-        m_displayManager->setControlDisplay(target);
+    const bool committed = commitToolbarDragTarget();
     m_toolbarMoving = false;
     emit toolbarMovingChanged();
     setToolbarDragTarget(QString(), false);

@@ -239,6 +239,7 @@ private:
     void finishCapture(bool success, const QString &path, const QString &error);
     void onRecordingFinished(bool success, const QString &path);
     void updateToolbarDragTarget(const QPointF &p);
+    bool commitToolbarDragTarget();
     void setToolbarDragTarget(const QString &id, bool enabled);
     QString displayIdAt(const QPointF &p) const;
     ClickThroughState clickThroughState() const;

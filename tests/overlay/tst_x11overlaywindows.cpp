@@ -1,18 +1,15 @@
 // The overlay windows of a fully assembled controller on the real X server
 // with its two monitors, over a plain X client that has the focus.
+#include "AssembledApp.h"
 #include "ProbeClient.h"
 #include "XTestSession.h"
 #include "app/AppController.h"
 #include "display/DisplayManager.h"
-#include "display/OverlayManager.h"
 #include "display/OverlayWindowManager.h"
-#include "platform/LoginEntry.h"
 #include "settings/SettingsManager.h"
 
 #include <QApplication>
 #include <QProcess>
-#include <QQmlApplicationEngine>
-#include <QQmlContext>
 #include <QQuickWindow>
 #include <QScreen>
 #include <QTemporaryDir>
@@ -101,13 +98,12 @@ private:
 
     XTestSession m_user;
     ProbeClient m_client;
-    std::unique_ptr<SettingsManager> m_settings;
-    std::unique_ptr<DisplayManager> m_displays;
-    std::unique_ptr<OverlayManager> m_overlays;
-    std::unique_ptr<AppController> m_controller;
-    std::unique_ptr<QQmlApplicationEngine> m_engine;
+    std::unique_ptr<AssembledApp> m_app;
+    SettingsManager *m_settings = nullptr;
+    DisplayManager *m_displays = nullptr;
+    AppController *m_controller = nullptr;
     QQuickWindow *m_main = nullptr;
-    std::unique_ptr<OverlayWindowManager> m_manager;
+    OverlayWindowManager *m_manager = nullptr;
 };
 
 void tst_X11OverlayWindows::initTestCase()
@@ -119,36 +115,23 @@ void tst_X11OverlayWindows::initTestCase()
     QVERIFY(m_client.start(QRect(0, 0, 3840, 1080)));
     QTRY_COMPARE(m_user.inputFocus(), m_client.window());
 
-    m_settings = std::make_unique<SettingsManager>(std::unique_ptr<LoginEntry>());
+    m_app = std::make_unique<AssembledApp>();
+    QVERIFY(m_app->isValid());
+    m_settings = &m_app->settings();
     // Past the first start: the welcome card would make the whole HUD take the mouse.
     m_settings->setFirstRunDone(true);
-    m_displays = std::make_unique<DisplayManager>(m_settings.get());
-    m_overlays = std::make_unique<OverlayManager>();
-    m_controller = std::make_unique<AppController>(m_settings.get(), m_overlays.get(), nullptr,
-                                                   nullptr, m_displays.get(), nullptr);
-    m_engine = std::make_unique<QQmlApplicationEngine>();
-    QQmlContext *context = m_engine->rootContext();
-    const QVariant none = QVariant::fromValue<QObject *>(nullptr);
-    context->setContextProperty("appController", m_controller.get());
-    context->setContextProperty("settingsManager", m_settings.get());
-    context->setContextProperty("displayManager", m_displays.get());
-    for (const char *name : { "drawingModel", "renderBackendManager", "macPermissions",
-                              "winAcrylic", "hotkeyManager" })
-        context->setContextProperty(QString::fromLatin1(name), none);
-    m_engine->load(QUrl(QStringLiteral("qrc:/qt/qml/GlimmoraApp/Main.qml")));
-    QVERIFY(!m_engine->rootObjects().isEmpty());
-    m_main = qobject_cast<QQuickWindow *>(m_engine->rootObjects().constFirst());
-    QVERIFY(m_main);
-    m_manager = std::make_unique<OverlayWindowManager>(m_displays.get(), m_overlays.get(),
-                                                       m_controller.get(), m_engine.get(), m_main);
+    m_displays = &m_app->displays();
+    m_controller = &m_app->controller();
+    m_main = m_app->mainWindow();
+    m_manager = &m_app->windows();
     m_displays->setControlDisplay(idOf("LEFT"));
     QCOMPARE(m_displays->controlDisplayId(), idOf("LEFT"));
 }
 
 void tst_X11OverlayWindows::cleanupTestCase()
 {
-    m_manager.reset();
-    m_engine.reset();
+    m_manager = nullptr;
+    m_app.reset();
 }
 
 void tst_X11OverlayWindows::cleanup()

@@ -34,10 +34,10 @@ AssembledApp::AssembledApp()
     m_engine->load(QUrl(QStringLiteral("qrc:/qt/qml/GlimmoraApp/Main.qml")));
     if (m_engine->rootObjects().isEmpty())
         return;
-    auto *main = qobject_cast<QQuickWindow *>(m_engine->rootObjects().constFirst());
-    if (main)
+    m_main = qobject_cast<QQuickWindow *>(m_engine->rootObjects().constFirst());
+    if (m_main)
         m_windows = std::make_unique<OverlayWindowManager>(
-            m_displays.get(), m_overlays.get(), m_controller.get(), m_engine.get(), main);
+            m_displays.get(), m_overlays.get(), m_controller.get(), m_engine.get(), m_main);
 }
 
 AssembledApp::~AssembledApp()

@@ -32,6 +32,9 @@ public:
     DisplayManager &displays() const { return *m_displays; }
     DrawingModel &drawing() const { return *m_drawing; }
     AppController &controller() const { return *m_controller; }
+    OverlayWindowManager &windows() const { return *m_windows; }
+    // The root document's window: the overlay of the control display.
+    QQuickWindow *mainWindow() const { return m_main; }
     QQuickWindow *hud() const;
     QQuickItem *hudItem(const QString &objectName) const;
 
@@ -42,5 +45,6 @@ private:
     std::unique_ptr<DrawingModel> m_drawing;
     std::unique_ptr<AppController> m_controller;
     std::unique_ptr<QQmlApplicationEngine> m_engine;
+    QQuickWindow *m_main = nullptr;
     std::unique_ptr<OverlayWindowManager> m_windows;
 };
