@@ -510,9 +510,11 @@ void AppController::setMousePosition(const QPointF &p)
 void AppController::pollPointer()
 {
     // Reading the pointer is a round trip to the window system: at rest it
-    // would cost more than everything else the idle overlay does.
+    // would cost more than everything else the idle overlay does. A toolbar
+    // in motion is followed on every tick, as a display may change under it.
     const bool input = !m_pointerActivity || m_pointerActivity->takeActivity();
-    if (!input && ++m_quietTicks < quietTicksPerRead)
+    const bool toolbarInMotion = m_toolbarDragging || m_toolbarMoving;
+    if (!input && !toolbarInMotion && ++m_quietTicks < quietTicksPerRead)
         return;
     m_quietTicks = 0;
 

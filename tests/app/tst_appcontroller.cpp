@@ -389,6 +389,14 @@ private slots:
         *input = true;
         controller->pollPointer();
         QCOMPARE(controller->mousePosition(), QPointF(screenCentre()));
+
+        // So does every tick while the toolbar is being moved.
+        *input = false;
+        controller->beginToolbarMove();
+        QCursor::setPos(moved);
+        controller->pollPointer();
+        QCOMPARE(controller->mousePosition(), QPointF(moved));
+        controller->endToolbarMove();
     }
 
     void theTimerPolls()
