@@ -1,10 +1,13 @@
 // Frames per second and CPU of the whole process with the spotlight following
-// a moving pointer, with the magnifier on, and with the spotlight on and the
-// pointer still; beside a reference window that redraws a full-screen
-// rectangle every frame in the same run.
+// a moving pointer (over a bare display and over a drawing), with the
+// spotlight on and the pointer still, and with the magnifier on; beside a
+// reference window that redraws a full-screen rectangle every frame in the
+// same run.
 #include "AssembledApp.h"
 #include "XTestSession.h"
 #include "app/AppController.h"
+#include "display/DisplayManager.h"
+#include "drawing/DrawingModel.h"
 #include "settings/SettingsManager.h"
 
 #include <QApplication>
@@ -136,6 +139,15 @@ int main(int argc, char *argv[])
     QTest::qWait(500);
     const Figures still = measure(overlay, user, false, seconds);
 
+    // A presenter who has drawn on the slide: one stroke across the display.
+    app.drawing().beginStroke(QPointF(200, 200), QStringLiteral("pen"), 6,
+                              QStringLiteral("#F4C24A"), app.displays().controlDisplayId());
+    app.drawing().appendPoint(QPointF(1700, 900));
+    app.drawing().endStroke();
+    QTest::qWait(500);
+    const Figures overDrawing = measure(overlay, user, true, seconds);
+    app.drawing().clear();
+
     app.controller().setTool(QStringLiteral("cursor"));
     app.controller().setMagnifierEnabled(true);
     QTest::qWait(500);
@@ -145,6 +157,7 @@ int main(int argc, char *argv[])
     print("reference: redraw every frame", reference, reference);
     print("spotlight, pointer moving", moving, reference);
     print("spotlight, pointer still", still, reference);
+    print("spotlight moving over a drawing", overDrawing, reference);
     print("magnifier, pointer moving", magnifier, reference);
     std::printf("targets: 60 fps while moving (%s), under 2%% of a core at rest (%s)\n",
                 moving.fps >= 59 ? "held" : "missed", still.cpuPercent < 2 ? "held" : "missed");
