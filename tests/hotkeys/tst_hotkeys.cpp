@@ -39,31 +39,25 @@ class Recorder : public QObject
 public:
     explicit Recorder(HotkeyManager *manager)
     {
-        const auto record = [this](const QString &text) {
-            events << text;
+        const auto plain = [&](auto signal, const char *name) {
+            connect(manager, signal, this, [this, name] { events << QString::fromLatin1(name); });
         };
-        connect(manager, &HotkeyManager::toggleOverlayRequested, this,
-                [=] { record(QStringLiteral("toggleOverlay")); });
-        connect(manager, &HotkeyManager::settingsRequested, this,
-                [=] { record(QStringLiteral("settings")); });
-        connect(manager, &HotkeyManager::toolRequested, this,
-                [=](const QString &tool) { record(QStringLiteral("tool(%1)").arg(tool)); });
-        connect(manager, &HotkeyManager::undoRequested, this,
-                [=] { record(QStringLiteral("undo")); });
-        connect(manager, &HotkeyManager::redoRequested, this,
-                [=] { record(QStringLiteral("redo")); });
-        connect(manager, &HotkeyManager::clearRequested, this,
-                [=] { record(QStringLiteral("clear")); });
-        connect(manager, &HotkeyManager::captureFullScreenRequested, this,
-                [=] { record(QStringLiteral("captureFullScreen")); });
-        connect(manager, &HotkeyManager::captureRegionRequested, this,
-                [=] { record(QStringLiteral("captureRegion")); });
-        connect(manager, &HotkeyManager::toggleToolbarRequested, this,
-                [=] { record(QStringLiteral("toggleToolbar")); });
-        connect(manager, &HotkeyManager::quitRequested, this,
-                [=] { record(QStringLiteral("quit")); });
-        connect(manager, &HotkeyManager::keystrokeRequested, this,
-                [=](const QString &combo) { record(QStringLiteral("keys(%1)").arg(combo)); });
+        const auto withText = [&](auto signal, const char *name) {
+            connect(manager, signal, this, [this, name](const QString &text) {
+                events << QStringLiteral("%1(%2)").arg(QLatin1String(name), text);
+            });
+        };
+        plain(&HotkeyManager::toggleOverlayRequested, "toggleOverlay");
+        plain(&HotkeyManager::settingsRequested, "settings");
+        withText(&HotkeyManager::toolRequested, "tool");
+        plain(&HotkeyManager::undoRequested, "undo");
+        plain(&HotkeyManager::redoRequested, "redo");
+        plain(&HotkeyManager::clearRequested, "clear");
+        plain(&HotkeyManager::captureFullScreenRequested, "captureFullScreen");
+        plain(&HotkeyManager::captureRegionRequested, "captureRegion");
+        plain(&HotkeyManager::toggleToolbarRequested, "toggleToolbar");
+        plain(&HotkeyManager::quitRequested, "quit");
+        withText(&HotkeyManager::keystrokeRequested, "keys");
     }
 
     QStringList events;

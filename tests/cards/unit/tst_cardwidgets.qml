@@ -330,16 +330,11 @@ Item {
             compare(findChild(holder.card, "shortcutCardQuitText").text, data.text);
         }
 
-        function test_shortcutCardPlaceAndClose() {
+        function test_shortcutCardCloses() {
             const holder = createTemporaryObject(shortcutComponent, scene);
-            const card = holder.card;
-            const rect = card.cardRect;
-            compare(rect.x, 24);
-            compare(rect.y + rect.height, 720 - 77);
-            compare(rect.width, 336);
-            spyA.target = card;
+            spyA.target = holder.card;
             spyA.signalName = "closeRequested";
-            mouseClick(findChild(card, "shortcutCardClose"));
+            mouseClick(findChild(holder.card, "shortcutCardClose"));
             compare(spyA.count, 1);
         }
 
@@ -405,7 +400,6 @@ Item {
             const before = badge.width;
             appController.currentTool = "highlighter";
             tryVerify(() => badge.width > before, 1000);
-            compare(badge.height, AppTheme.px(32));
         }
     }
 }

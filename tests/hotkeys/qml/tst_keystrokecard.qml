@@ -20,18 +20,6 @@ Item {
 
         readonly property Item actionLabel: findChild(card, "actionLabel")
 
-        function capLabels(): var {
-            const labels = [];
-            const visit = item => {
-                if (item.objectName === "keyCap")
-                    labels.push(item.label);
-                for (let i = 0; i < item.children.length; ++i)
-                    visit(item.children[i]);
-            };
-            visit(card);
-            return labels;
-        }
-
         function caps(): var {
             const found = [];
             const visit = item => {
@@ -73,7 +61,7 @@ Item {
         function test_content(data) {
             appController.reportKeystroke(data.combo);
             compare(card.state, "visible");
-            compare(testCase.capLabels(), data.caps);
+            compare(testCase.caps().map(cap => cap.label), data.caps);
             compare(testCase.actionLabel.visible, data.label !== "");
             compare(testCase.actionLabel.text, data.label);
         }
@@ -99,7 +87,6 @@ Item {
             tryCompare(card, "scale", 1, 1000);
             tryCompare(card, "state", "hidden", 1000);
             tryCompare(card, "opacity", 0, 1000);
-            compare(card.scale, 0.92);
         }
 
         function test_repeatKeepsTheCardUp() {

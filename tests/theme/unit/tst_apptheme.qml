@@ -46,19 +46,8 @@ TestCase {
 
     function test_tokensFollowScale_data() {
         return [
-            { tag: "fontSizeBody", base: 13 }, { tag: "fontSizeCaption", base: 11 },
-            { tag: "fontSizeHeader", base: 22 }, { tag: "fontSizeTitle", base: 18 },
-            { tag: "cornerRadius", base: 14 }, { tag: "cornerSmall", base: 8 },
-            { tag: "iconSize", base: 17 }, { tag: "toolbarChromeHeight", base: 42 },
-            { tag: "toolbarButtonWidth", base: 32 }, { tag: "toolbarButtonHeight", base: 30 },
-            { tag: "toolbarHandleHeight", base: 14 }, { tag: "menuItemHeight", base: 36 },
-            { tag: "controlHeight", base: 32 }, { tag: "settingsWidth", base: 980 },
-            { tag: "settingsHeight", base: 660 }, { tag: "sidebarWidth", base: 220 },
-            { tag: "linuxSettingsWidth", base: 720 }, { tag: "dialogWidth", base: 360 },
-            { tag: "helpButtonSize", base: 32 }, { tag: "shortcutCardWidth", base: 280 },
-            { tag: "onboardingCardWidth", base: 420 }, { tag: "keyCapMinHeight", base: 38 },
-            { tag: "keyCapFontSize", base: 22 }, { tag: "toolbarHeight", base: 58 },
-            { tag: "buttonSize", base: 32 },
+            { tag: "fontSizeBody", base: 13 }, { tag: "toolbarButtonWidth", base: 32 },
+            { tag: "settingsWidth", base: 980 }, { tag: "keyCapMinHeight", base: 38 },
         ];
     }
 

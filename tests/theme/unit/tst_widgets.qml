@@ -26,8 +26,6 @@ Item {
             disabled: true
         }
         CtxItem {
-            id: dangerItem
-
             label: "Quit Glimmora"
             danger: true
         }
@@ -91,8 +89,6 @@ Item {
         }
 
         function test_placement(data) {
-            compare(panel.width, AppTheme.px(220));
-            compare(panel.height, 3 * AppTheme.menuItemHeight + AppTheme.px(12));
             menu.popup(data.x, data.y);
             verify(menu.visible);
             compare(panel.x, data.flipX ? data.x - panel.width : data.x);
@@ -127,38 +123,6 @@ Item {
             const spy = data.item === "normal" ? normalSpy : disabledSpy;
             mouseClick(item, item.width / 2, item.height / 2);
             compare(spy.count, data.triggered);
-        }
-
-        function test_rowColours_data() {
-            return [
-                { tag: "normal", item: "normal", hover: false, icon: AppTheme.textDim, label: AppTheme.text, shortcut: "#50FFFFFF" },
-                { tag: "hovered", item: "normal", hover: true, icon: AppTheme.text, label: AppTheme.text, shortcut: "#50FFFFFF" },
-                { tag: "disabled, hovered or not", item: "disabled", hover: true, icon: "#40FFFFFF", label: "#40FFFFFF", shortcut: "#28FFFFFF" },
-                { tag: "danger", item: "danger", hover: false, icon: "#F05D5D", label: "#FF6B6B", shortcut: "#50FFFFFF" },
-            ];
-        }
-
-        function test_rowColours(data) {
-            menu.popup(40, 30);
-            const item = data.item === "normal" ? normalItem : data.item === "disabled" ? disabledItem : dangerItem;
-            if (data.hover)
-                mouseMove(item, item.width / 2, item.height / 2);
-            compare(item.hovered, data.hover && !item.disabled);
-            compare(findChild(item, "ctxItemIcon").color, Qt.color(data.icon));
-            compare(findChild(item, "ctxItemLabel").color, Qt.color(data.label));
-            compare(findChild(item, "ctxItemShortcut").color, Qt.color(data.shortcut));
-        }
-
-        function test_labelPlacement_data() {
-            return [
-                { tag: "with an icon the label starts at px(36)", item: "normal", x: 36 },
-                { tag: "without an icon at px(12)", item: "danger", x: 12 },
-            ];
-        }
-
-        function test_labelPlacement(data) {
-            const item = data.item === "normal" ? normalItem : dangerItem;
-            compare(findChild(item, "ctxItemLabel").x, AppTheme.px(data.x));
         }
     }
 
