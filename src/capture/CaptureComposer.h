@@ -8,7 +8,7 @@
 // screen and an annotation image rendered at that scale line up pixel for pixel.
 namespace CaptureComposer {
 
-// The part of `grab` inside `region`, clipped to the grab. A null image when
+// What of `grab` lies inside `region`, clipped to the grab. A null image when
 // nothing of the region lies on the grab.
 QImage cropToRegion(const QImage &grab, const QRect &region);
 

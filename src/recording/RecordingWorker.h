@@ -28,7 +28,7 @@ public:
         qint64 capturedFrames = 0;
         qint64 writtenFrames = 0;
         qint64 droppedFrames = 0;
-        // The part of droppedFrames that is missing from the video.
+        // Frame numbers no tick reached: the pictures missing from the video.
         qint64 skippedFrames = 0;
         qint64 totalCaptureMs = 0;
         qint64 totalWriteMs = 0;
