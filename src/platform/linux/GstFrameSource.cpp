@@ -102,8 +102,8 @@ bool GstFrameSource::init(const QRect &rect, QString *error)
     g_object_set(source, "use-damage", FALSE, "show-pointer", FALSE, "startx", guint(crop.startX),
                  "starty", guint(crop.startY), "endx", guint(crop.endX), "endy", guint(crop.endY),
                  nullptr);
-    GstCaps *caps =
-        gst_caps_new_simple("video/x-raw", "framerate", GST_TYPE_FRACTION, 30, 1, nullptr);
+    GstCaps *caps = gst_caps_new_simple("video/x-raw", "framerate", GST_TYPE_FRACTION,
+                                        CaptureFramesPerSecond, 1, nullptr);
     g_object_set(filter, "caps", caps, nullptr);
     gst_caps_unref(caps);
     g_object_set(sink, "drop", TRUE, "max-buffers", guint(1), "sync", FALSE, nullptr);

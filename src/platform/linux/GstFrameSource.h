@@ -42,6 +42,14 @@ public:
     };
     static bool cropFor(const QRect &rect, const QSize &rootSize, Crop *crop, QString *error);
 
+    // The recording worker asks every 33 ms, a little more often than 30 times
+    // a second. A source at 30 fps falls behind that: each tick then waits up
+    // to a whole frame for the next picture, and the cursor record, taken
+    // before that wait, runs a frame ahead of the picture it goes with. A
+    // slightly faster source keeps a picture waiting at each tick; the spare
+    // pictures, about two a second, are counted as hand-over drops.
+    static constexpr int CaptureFramesPerSecond = 32;
+
 private:
     using Sample = std::shared_ptr<GstSample>;
 
