@@ -40,89 +40,86 @@ class TestCaptureEndToEnd : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void cleanupTestCase();
-    void regionByHotkeyAndDrag();
+    void initTestCase()
+    {
+        QVERIFY(m_home.isValid());
+        const QString config = m_home.filePath(".config");
+        {
+            QSettings store(config + "/Orvelline/Glimmora.conf", QSettings::IniFormat);
+            store.setValue("general/firstRunDone", true);
+            store.setValue("capture/saveFolder", m_home.filePath("shots"));
+            store.setValue("capture/imageFormat", "PNG");
+            store.setValue("capture/copyToClipboard", false);
+        }
+
+        m_pattern.start(QStringLiteral(PATTERN_WINDOW),
+                        { QString::number(pattern.x()), QString::number(pattern.y()),
+                          QString::number(pattern.width()), QString::number(pattern.height()),
+                          "solid", QString::number(patternColour, 16) });
+        QVERIFY(m_pattern.waitForReadyRead(5000));
+        QTRY_COMPARE_WITH_TIMEOUT(rootPixel(pattern.topLeft()), patternColour, 5000);
+
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert("HOME", m_home.path());
+        env.insert("XDG_CONFIG_HOME", config);
+        env.insert("XDG_DATA_HOME", m_home.filePath(".local/share"));
+        m_program.setProcessEnvironment(env);
+        m_program.setProcessChannelMode(QProcess::ForwardedChannels);
+        m_program.start(QStringLiteral(GLIMMORA_BINARY));
+        QVERIFY(m_program.waitForStarted(5000));
+        // Ready once its windows are mapped; an early exit means another instance.
+        const QString pid = QString::number(m_program.processId());
+        QTRY_VERIFY2_WITH_TIMEOUT(
+            m_program.state() == QProcess::NotRunning
+                || !run("xdotool", { "search", "--onlyvisible", "--pid", pid }).isEmpty(),
+            "the program showed no window", 15000);
+        QVERIFY2(m_program.state() == QProcess::Running,
+                 "the program ended at start (is another instance running?)");
+        QTest::qWait(1000); // the QML scene finishes loading after the first map
+    }
+
+    void cleanupTestCase()
+    {
+        for (QProcess *process : { &m_program, &m_pattern }) {
+            if (process->state() == QProcess::NotRunning)
+                continue;
+            process->terminate();
+            if (!process->waitForFinished(5000))
+                process->kill();
+        }
+    }
+
+    void regionByHotkeyAndDrag()
+    {
+        const QPoint background(1200, 800);
+        QCOMPARE(rootPixel(background), grey);
+        run("xdotool", { "key", "ctrl+shift+a" });
+        // The selection overlay dims the control display.
+        QTRY_VERIFY_WITH_TIMEOUT(qRed(rootPixel(background)) < 0x70, 5000);
+
+        run("xdotool",
+            { "mousemove", "250", "150", "mousedown", "1", "mousemove", "500", "350", "mousemove",
+              "750", "550", "mouseup", "1" });
+
+        const QDir shots(m_home.filePath("shots"));
+        QTRY_COMPARE_WITH_TIMEOUT(shots.entryList({ "Glimmora-*.png" }, QDir::Files).size(), 1,
+                                  10000);
+        const QImage image(shots.filePath(shots.entryList({ "Glimmora-*.png" }).first()));
+        QCOMPARE(image.size(), QSize(500, 400));
+        const QPoint inside = pattern.topLeft() - QPoint(250, 150);
+        QCOMPARE(image.pixel(inside) & 0xffffff, patternColour);
+        QCOMPARE(image.pixel(inside + QPoint(-1, 0)) & 0xffffff, grey); // undimmed desktop
+        QCOMPARE(image.pixel(inside + QPoint(399, 299)) & 0xffffff, patternColour);
+        QCOMPARE(image.pixel(inside + QPoint(400, 299)) & 0xffffff, grey);
+        // The overlay comes back undimmed after the capture.
+        QTRY_COMPARE_WITH_TIMEOUT(rootPixel(background), grey, 5000);
+    }
 
 private:
     QTemporaryDir m_home;
     QProcess m_pattern;
     QProcess m_program;
 };
-
-void TestCaptureEndToEnd::initTestCase()
-{
-    QVERIFY(m_home.isValid());
-    const QString config = m_home.filePath(".config");
-    {
-        QSettings store(config + "/Orvelline/Glimmora.conf", QSettings::IniFormat);
-        store.setValue("general/firstRunDone", true);
-        store.setValue("capture/saveFolder", m_home.filePath("shots"));
-        store.setValue("capture/imageFormat", "PNG");
-        store.setValue("capture/copyToClipboard", false);
-    }
-
-    m_pattern.start(QStringLiteral(PATTERN_WINDOW),
-                    { QString::number(pattern.x()), QString::number(pattern.y()),
-                      QString::number(pattern.width()), QString::number(pattern.height()), "solid",
-                      QString::number(patternColour, 16) });
-    QVERIFY(m_pattern.waitForReadyRead(5000));
-    QTRY_COMPARE_WITH_TIMEOUT(rootPixel(pattern.topLeft()), patternColour, 5000);
-
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert("HOME", m_home.path());
-    env.insert("XDG_CONFIG_HOME", config);
-    env.insert("XDG_DATA_HOME", m_home.filePath(".local/share"));
-    m_program.setProcessEnvironment(env);
-    m_program.setProcessChannelMode(QProcess::ForwardedChannels);
-    m_program.start(QStringLiteral(GLIMMORA_BINARY));
-    QVERIFY(m_program.waitForStarted(5000));
-    // Ready once its windows are mapped; an early exit means another instance.
-    const QString pid = QString::number(m_program.processId());
-    QTRY_VERIFY2_WITH_TIMEOUT(
-        m_program.state() == QProcess::NotRunning
-            || !run("xdotool", { "search", "--onlyvisible", "--pid", pid }).isEmpty(),
-        "the program showed no window", 15000);
-    QVERIFY2(m_program.state() == QProcess::Running,
-             "the program ended at start (is another instance running?)");
-    QTest::qWait(1000); // the QML scene finishes loading after the first map
-}
-
-void TestCaptureEndToEnd::cleanupTestCase()
-{
-    for (QProcess *process : { &m_program, &m_pattern }) {
-        if (process->state() == QProcess::NotRunning)
-            continue;
-        process->terminate();
-        if (!process->waitForFinished(5000))
-            process->kill();
-    }
-}
-
-void TestCaptureEndToEnd::regionByHotkeyAndDrag()
-{
-    const QPoint background(1200, 800);
-    QCOMPARE(rootPixel(background), grey);
-    run("xdotool", { "key", "ctrl+shift+a" });
-    // The selection overlay dims the control display.
-    QTRY_VERIFY_WITH_TIMEOUT(qRed(rootPixel(background)) < 0x70, 5000);
-
-    run("xdotool",
-        { "mousemove", "250", "150", "mousedown", "1", "mousemove", "500", "350", "mousemove",
-          "750", "550", "mouseup", "1" });
-
-    const QDir shots(m_home.filePath("shots"));
-    QTRY_COMPARE_WITH_TIMEOUT(shots.entryList({ "Glimmora-*.png" }, QDir::Files).size(), 1, 10000);
-    const QImage image(shots.filePath(shots.entryList({ "Glimmora-*.png" }).first()));
-    QCOMPARE(image.size(), QSize(500, 400));
-    const QPoint inside = pattern.topLeft() - QPoint(250, 150);
-    QCOMPARE(image.pixel(inside) & 0xffffff, patternColour);
-    QCOMPARE(image.pixel(inside + QPoint(-1, 0)) & 0xffffff, grey); // undimmed desktop
-    QCOMPARE(image.pixel(inside + QPoint(399, 299)) & 0xffffff, patternColour);
-    QCOMPARE(image.pixel(inside + QPoint(400, 299)) & 0xffffff, grey);
-    // The overlay comes back undimmed after the capture.
-    QTRY_COMPARE_WITH_TIMEOUT(rootPixel(background), grey, 5000);
-}
 
 QTEST_MAIN(TestCaptureEndToEnd)
 #include "tst_captureendtoend.moc"

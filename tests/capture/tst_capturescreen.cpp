@@ -91,17 +91,156 @@ public:
     }
 
 private slots:
-    void initTestCase();
-    void cleanupTestCase();
-    void init();
+    void initTestCase()
+    {
+        m_left = screenNamed(QStringLiteral("LEFT"));
+        m_right = screenNamed(QStringLiteral("RIGHT"));
+        if (!m_left || !m_right)
+            QSKIP("needs the two monitors LEFT and RIGHT of scripts/with-test-display.sh");
+        // The probes below tell the monitors apart; the grab must be physical size.
+        QCOMPARE(m_right->devicePixelRatio(),
+                 qEnvironmentVariable("QT_SCALE_FACTOR", "1").toDouble());
+        QCOMPARE(m_right->size() * m_right->devicePixelRatio(), QSize(1920, 1080));
 
-    void wholeScreen_data();
-    void wholeScreen();
-    void region_data();
-    void region();
-    void annotations_data();
-    void annotations();
-    void clipboardForOtherClients();
+        QVERIFY(startPattern(patternOnMonitor.translated(1920, 0), { "quadrants" }));
+        QVERIFY(startPattern(patternOnMonitor, { "solid", "ff00ff" }));
+        // The compositor shows the windows a moment after they are painted.
+        const Probe corner { patternOnMonitor.topLeft(), topLeft };
+        QTRY_VERIFY_WITH_TIMEOUT(mismatches(m_right->grabWindow(0).toImage(), { corner }).isEmpty(),
+                                 5000);
+        const Probe leftCorner { patternOnMonitor.topLeft(), leftColour };
+        QTRY_VERIFY_WITH_TIMEOUT(
+            mismatches(m_left->grabWindow(0).toImage(), { leftCorner }).isEmpty(), 5000);
+
+        m_settings = std::make_unique<SettingsManager>();
+        m_settings->setCaptureImageFormat(QStringLiteral("PNG"));
+        m_settings->setCaptureCopyToClipboard(true);
+    }
+
+    void cleanupTestCase()
+    {
+        for (auto &process : m_windows) {
+            process->kill();
+            process->waitForFinished(2000);
+        }
+    }
+
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_settings->setCaptureSaveFolder(m_folder->path());
+    }
+
+    void wholeScreen_data()
+    {
+        QTest::addColumn<QString>("screen");
+        QTest::addColumn<Probes>("probes");
+        QTest::newRow("RIGHT holds its own window only") << "RIGHT" << rightProbes();
+        QTest::newRow("LEFT holds its own window only") << "LEFT"
+                                                        << Probes { { { 300, 200 }, leftColour },
+                                                                    { { 699, 499 }, leftColour },
+                                                                    { { 700, 499 }, grey },
+                                                                    { { 1919, 1079 }, grey } };
+    }
+
+    void wholeScreen()
+    {
+        QFETCH(QString, screen);
+        QFETCH(Probes, probes);
+        CaptureManager manager(m_settings.get());
+        QString path;
+        QString error;
+        QVERIFY2(manager.captureScreen(screenNamed(screen), QImage(), &path, &error),
+                 qPrintable(error));
+        QImageReader reader(path);
+        QCOMPARE(reader.format(), QByteArray("png"));
+        const QImage image = reader.read();
+        QCOMPARE(image.size(), QSize(1920, 1080)); // physical, whatever the scale
+        const QString wrong = mismatches(image, probes);
+        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+    }
+
+    void region_data()
+    {
+        QTest::addColumn<QRect>("region");
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<Probes>("probes");
+        QTest::newRow("around the pattern")
+            << QRect(250, 150, 500, 400) << QSize(500, 400) << rightProbes({ 250, 150 });
+        QTest::newRow("from beyond the top left, clipped")
+            << QRect(-100, -100, 450, 350) << QSize(350, 250)
+            << Probes { { { 300, 200 }, topLeft }, { { 299, 200 }, grey }, { { 300, 199 }, grey } };
+        QTest::newRow("beyond the bottom right, clipped")
+            << QRect(1800, 1000, 400, 400) << QSize(120, 80) << Probes { { { 119, 79 }, grey } };
+        QTest::newRow("one pixel of the pattern")
+            << QRect(700 - 1, 500 - 1, 1, 1) << QSize(1, 1) << Probes { { { 0, 0 }, bottomRight } };
+    }
+
+    void region()
+    {
+        QFETCH(QRect, region);
+        QFETCH(QSize, size);
+        QFETCH(Probes, probes);
+        CaptureManager manager(m_settings.get());
+        QString path;
+        QString error;
+        QVERIFY2(manager.captureScreenRegion(m_right, region, QImage(), &path, &error),
+                 qPrintable(error));
+        const QImage image(path);
+        QCOMPARE(image.size(), size);
+        const QString wrong = mismatches(image, probes);
+        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+    }
+
+    void annotations_data()
+    {
+        QTest::addColumn<QRect>("region"); // null: the whole screen
+        QTest::addColumn<Probes>("probes");
+        QTest::newRow("whole screen with strokes")
+            << QRect()
+            << Probes { { { 10, 10 }, 0xff0000 }, { { 29, 29 }, 0xff0000 }, { { 30, 30 }, grey } };
+        QTest::newRow("region with strokes, cut at the same place")
+            << QRect(20, 20, 400, 300)
+            << Probes { { { 0, 0 }, 0xff0000 },
+                        { { 9, 9 }, 0xff0000 },
+                        { { 10, 10 }, grey },
+                        { { 280, 180 }, topLeft } };
+    }
+
+    void annotations()
+    {
+        QFETCH(QRect, region);
+        QFETCH(Probes, probes);
+        CaptureManager manager(m_settings.get());
+        const QImage layer = annotationLayer(m_right);
+        QString path;
+        QVERIFY(region.isNull() ? manager.captureScreen(m_right, layer, &path)
+                                : manager.captureScreenRegion(m_right, region, layer, &path));
+        const QString wrong = mismatches(QImage(path), probes);
+        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+    }
+
+    void clipboardForOtherClients()
+    {
+        QString path;
+        {
+            CaptureManager manager(m_settings.get());
+            QVERIFY(
+                manager.captureScreenRegion(m_right, QRect(250, 150, 500, 400), QImage(), &path));
+        }
+        // The manager is gone; the process still owns the selection. Our event loop
+        // must run while xclip asks for the data, so no blocking wait here.
+        QProcess xclip;
+        xclip.start(QStringLiteral("xclip"),
+                    { "-selection", "clipboard", "-t", "image/png", "-o" });
+        QVERIFY2(xclip.waitForStarted(5000), "xclip is needed to read the clipboard");
+        QTRY_COMPARE_WITH_TIMEOUT(xclip.state(), QProcess::NotRunning, 10000);
+        QCOMPARE(xclip.exitCode(), 0);
+        const QImage fromClipboard = QImage::fromData(xclip.readAllStandardOutput(), "PNG");
+        QCOMPARE(fromClipboard.size(), QSize(500, 400));
+        QCOMPARE(fromClipboard.convertToFormat(QImage::Format_RGB32),
+                 QImage(path).convertToFormat(QImage::Format_RGB32));
+    }
 
 private:
     bool startPattern(const QRect &globalRect, const QStringList &mode);
@@ -133,106 +272,6 @@ bool TestCaptureScreen::startPattern(const QRect &globalRect, const QStringList 
     return ready;
 }
 
-void TestCaptureScreen::initTestCase()
-{
-    m_left = screenNamed(QStringLiteral("LEFT"));
-    m_right = screenNamed(QStringLiteral("RIGHT"));
-    if (!m_left || !m_right)
-        QSKIP("needs the two monitors LEFT and RIGHT of scripts/with-test-display.sh");
-    // The probes below tell the monitors apart; the grab must be physical size.
-    QCOMPARE(m_right->devicePixelRatio(), qEnvironmentVariable("QT_SCALE_FACTOR", "1").toDouble());
-    QCOMPARE(m_right->size() * m_right->devicePixelRatio(), QSize(1920, 1080));
-
-    QVERIFY(startPattern(patternOnMonitor.translated(1920, 0), { "quadrants" }));
-    QVERIFY(startPattern(patternOnMonitor, { "solid", "ff00ff" }));
-    // The compositor shows the windows a moment after they are painted.
-    const Probe corner { patternOnMonitor.topLeft(), topLeft };
-    QTRY_VERIFY_WITH_TIMEOUT(mismatches(m_right->grabWindow(0).toImage(), { corner }).isEmpty(),
-                             5000);
-    const Probe leftCorner { patternOnMonitor.topLeft(), leftColour };
-    QTRY_VERIFY_WITH_TIMEOUT(mismatches(m_left->grabWindow(0).toImage(), { leftCorner }).isEmpty(),
-                             5000);
-
-    m_settings = std::make_unique<SettingsManager>();
-    m_settings->setCaptureImageFormat(QStringLiteral("PNG"));
-    m_settings->setCaptureCopyToClipboard(true);
-}
-
-void TestCaptureScreen::cleanupTestCase()
-{
-    for (auto &process : m_windows) {
-        process->kill();
-        process->waitForFinished(2000);
-    }
-}
-
-void TestCaptureScreen::init()
-{
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_settings->setCaptureSaveFolder(m_folder->path());
-}
-
-void TestCaptureScreen::wholeScreen_data()
-{
-    QTest::addColumn<QString>("screen");
-    QTest::addColumn<Probes>("probes");
-    QTest::newRow("RIGHT holds its own window only") << "RIGHT" << rightProbes();
-    QTest::newRow("LEFT holds its own window only") << "LEFT"
-                                                    << Probes { { { 300, 200 }, leftColour },
-                                                                { { 699, 499 }, leftColour },
-                                                                { { 700, 499 }, grey },
-                                                                { { 1919, 1079 }, grey } };
-}
-
-void TestCaptureScreen::wholeScreen()
-{
-    QFETCH(QString, screen);
-    QFETCH(Probes, probes);
-    CaptureManager manager(m_settings.get());
-    QString path;
-    QString error;
-    QVERIFY2(manager.captureScreen(screenNamed(screen), QImage(), &path, &error),
-             qPrintable(error));
-    QImageReader reader(path);
-    QCOMPARE(reader.format(), QByteArray("png"));
-    const QImage image = reader.read();
-    QCOMPARE(image.size(), QSize(1920, 1080)); // physical, whatever the scale
-    const QString wrong = mismatches(image, probes);
-    QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
-}
-
-void TestCaptureScreen::region_data()
-{
-    QTest::addColumn<QRect>("region");
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<Probes>("probes");
-    QTest::newRow("around the pattern")
-        << QRect(250, 150, 500, 400) << QSize(500, 400) << rightProbes({ 250, 150 });
-    QTest::newRow("from beyond the top left, clipped")
-        << QRect(-100, -100, 450, 350) << QSize(350, 250)
-        << Probes { { { 300, 200 }, topLeft }, { { 299, 200 }, grey }, { { 300, 199 }, grey } };
-    QTest::newRow("beyond the bottom right, clipped")
-        << QRect(1800, 1000, 400, 400) << QSize(120, 80) << Probes { { { 119, 79 }, grey } };
-    QTest::newRow("one pixel of the pattern")
-        << QRect(700 - 1, 500 - 1, 1, 1) << QSize(1, 1) << Probes { { { 0, 0 }, bottomRight } };
-}
-
-void TestCaptureScreen::region()
-{
-    QFETCH(QRect, region);
-    QFETCH(QSize, size);
-    QFETCH(Probes, probes);
-    CaptureManager manager(m_settings.get());
-    QString path;
-    QString error;
-    QVERIFY2(manager.captureScreenRegion(m_right, region, QImage(), &path, &error),
-             qPrintable(error));
-    const QImage image(path);
-    QCOMPARE(image.size(), size);
-    const QString wrong = mismatches(image, probes);
-    QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
-}
-
 // As the stroke renderer makes it: the screen's size at its pixel ratio, with
 // a red square at physical (10, 10)-(29, 29).
 QImage TestCaptureScreen::annotationLayer(QScreen *screen) const
@@ -245,60 +284,6 @@ QImage TestCaptureScreen::annotationLayer(QScreen *screen) const
             layer.setPixel(x, y, 0xffff0000);
     layer.setDevicePixelRatio(ratio);
     return layer;
-}
-
-void TestCaptureScreen::annotations_data()
-{
-    QTest::addColumn<bool>("withLayer");
-    QTest::addColumn<QRect>("region"); // null: the whole screen
-    QTest::addColumn<Probes>("probes");
-    QTest::newRow("whole screen with strokes")
-        << true << QRect()
-        << Probes { { { 10, 10 }, 0xff0000 }, { { 29, 29 }, 0xff0000 }, { { 30, 30 }, grey } };
-    QTest::newRow("whole screen without strokes")
-        << false << QRect() << Probes { { { 10, 10 }, grey }, { { 29, 29 }, grey } };
-    QTest::newRow("region with strokes, cut at the same place")
-        << true << QRect(20, 20, 400, 300)
-        << Probes { { { 0, 0 }, 0xff0000 },
-                    { { 9, 9 }, 0xff0000 },
-                    { { 10, 10 }, grey },
-                    { { 280, 180 }, topLeft } };
-    QTest::newRow("region without strokes")
-        << false << QRect(20, 20, 400, 300) << Probes { { { 0, 0 }, grey } };
-}
-
-void TestCaptureScreen::annotations()
-{
-    QFETCH(bool, withLayer);
-    QFETCH(QRect, region);
-    QFETCH(Probes, probes);
-    CaptureManager manager(m_settings.get());
-    const QImage layer = withLayer ? annotationLayer(m_right) : QImage();
-    QString path;
-    QVERIFY(region.isNull() ? manager.captureScreen(m_right, layer, &path)
-                            : manager.captureScreenRegion(m_right, region, layer, &path));
-    const QString wrong = mismatches(QImage(path), probes);
-    QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
-}
-
-void TestCaptureScreen::clipboardForOtherClients()
-{
-    QString path;
-    {
-        CaptureManager manager(m_settings.get());
-        QVERIFY(manager.captureScreenRegion(m_right, QRect(250, 150, 500, 400), QImage(), &path));
-    }
-    // The manager is gone; the process still owns the selection. Our event loop
-    // must run while xclip asks for the data, so no blocking wait here.
-    QProcess xclip;
-    xclip.start(QStringLiteral("xclip"), { "-selection", "clipboard", "-t", "image/png", "-o" });
-    QVERIFY2(xclip.waitForStarted(5000), "xclip is needed to read the clipboard");
-    QTRY_COMPARE_WITH_TIMEOUT(xclip.state(), QProcess::NotRunning, 10000);
-    QCOMPARE(xclip.exitCode(), 0);
-    const QImage fromClipboard = QImage::fromData(xclip.readAllStandardOutput(), "PNG");
-    QCOMPARE(fromClipboard.size(), QSize(500, 400));
-    QCOMPARE(fromClipboard.convertToFormat(QImage::Format_RGB32),
-             QImage(path).convertToFormat(QImage::Format_RGB32));
 }
 
 QTEST_MAIN(TestCaptureScreen)

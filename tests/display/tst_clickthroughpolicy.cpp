@@ -32,24 +32,22 @@ private slots:
         QTest::addColumn<bool>("moving");
         QTest::addColumn<bool>("clickThrough");
 
-        QTest::newRow("paused with a drawing tool passes through")
-            << false << "pen" << false << false << true;
-        QTest::newRow("paused while moving passes through")
-            << false << "arrow" << false << true << true;
-        QTest::newRow("spotlight passes through") << true << "spotlight" << false << false << true;
-        QTest::newRow("spotlight while dragging passes through")
-            << true << "spotlight" << true << false << true;
-        QTest::newRow("cursor passes through") << true << "cursor" << false << false << true;
-        QTest::newRow("pen takes the mouse") << true << "pen" << false << false << false;
-        QTest::newRow("eraser takes the mouse") << true << "eraser" << false << false << false;
-        QTest::newRow("unknown tool counts as drawing")
-            << true << "lasso" << false << false << false;
-        QTest::newRow("tool names are case-sensitive")
-            << true << "Cursor" << false << false << false;
-        QTest::newRow("pen while dragging the toolbar passes through")
-            << true << "pen" << true << false << true;
-        QTest::newRow("pen while moving the toolbar passes through")
-            << true << "pen" << false << true << true;
+        const auto row = [](const char *name, bool enabled, const char *tool, bool dragging,
+                            bool moving, bool clickThrough) {
+            QTest::newRow(name) << enabled << QString::fromLatin1(tool) << dragging << moving
+                                << clickThrough;
+        };
+        row("paused with a drawing tool passes through", false, "pen", false, false, true);
+        row("paused while moving passes through", false, "arrow", false, true, true);
+        row("spotlight passes through", true, "spotlight", false, false, true);
+        row("spotlight while dragging passes through", true, "spotlight", true, false, true);
+        row("cursor passes through", true, "cursor", false, false, true);
+        row("pen takes the mouse", true, "pen", false, false, false);
+        row("eraser takes the mouse", true, "eraser", false, false, false);
+        row("unknown tool counts as drawing", true, "lasso", false, false, false);
+        row("tool names are case-sensitive", true, "Cursor", false, false, false);
+        row("pen while dragging the toolbar passes through", true, "pen", true, false, true);
+        row("pen while moving the toolbar passes through", true, "pen", false, true, true);
     }
 
     void overlayTable()
@@ -82,24 +80,25 @@ private slots:
         ClickThroughState s = idleState();
         QTest::newRow("nothing under the pointer") << s << away << false;
 
-        s = idleState();
-        s.firstRunDone = false;
-        QTest::newRow("onboarding covers the HUD") << s << away << true;
-        s = idleState();
-        s.regionSelecting = true;
-        QTest::newRow("region selection") << s << away << true;
-        s = idleState();
-        s.settingsVisible = true;
-        QTest::newRow("settings open, anywhere") << s << away << true;
-        s = idleState();
-        s.modalActive = true;
-        QTest::newRow("modal active") << s << away << true;
-        s = idleState();
-        s.toolbarDragging = true;
-        QTest::newRow("toolbar dragging") << s << away << true;
-        s = idleState();
-        s.toolbarMoving = true;
-        QTest::newRow("toolbar moving") << s << away << true;
+        // Each of these states makes the whole HUD take the mouse.
+        const struct
+        {
+            const char *name;
+            bool ClickThroughState::*flag;
+            bool value;
+        } modes[] = {
+            { "onboarding covers the HUD", &ClickThroughState::firstRunDone, false },
+            { "region selection", &ClickThroughState::regionSelecting, true },
+            { "settings open, anywhere", &ClickThroughState::settingsVisible, true },
+            { "modal active", &ClickThroughState::modalActive, true },
+            { "toolbar dragging", &ClickThroughState::toolbarDragging, true },
+            { "toolbar moving", &ClickThroughState::toolbarMoving, true },
+        };
+        for (const auto &mode : modes) {
+            s = idleState();
+            s.*mode.flag = mode.value;
+            QTest::newRow(mode.name) << s << away << true;
+        }
 
         const struct
         {
@@ -152,42 +151,37 @@ private slots:
         QTest::addColumn<bool>("onControlScreen");
         QTest::addColumn<bool>("inZone");
 
+        const auto row = [](const char *name, const ClickThroughState &state, QPointF point,
+                            bool onControlScreen, bool inZone) {
+            QTest::newRow(name) << state << point << onControlScreen << inZone;
+        };
         const ClickThroughState s = idleState();
+        const qreal left = toolbar.left();
         // The band: x from 1920 + (1920 - 400) / 2 - 24 = 2656 to 3104, y 0 to 116.
-        QTest::newRow("toolbar margin left edge")
-            << s << QPointF(toolbar.left() - 8, 40) << false << true;
-        QTest::newRow("toolbar margin top edge")
-            << s << QPointF(2800, toolbar.top() - 8) << false << true;
-        QTest::newRow("beyond the 8 margin, off the control display")
-            << s << QPointF(toolbar.left() - 8.5, 40) << false << false;
-        QTest::newRow("below the toolbar, off the control display")
-            << s << QPointF(2800, 110) << false << false;
-        QTest::newRow("band left edge on the control display")
-            << s << QPointF(2656, 100) << true << true;
-        QTest::newRow("band right edge") << s << QPointF(3104, 100) << true << true;
-        QTest::newRow("band bottom edge") << s << QPointF(2800, 116) << true << true;
-        QTest::newRow("band top edge") << s << QPointF(2700, 0) << true << true;
-        QTest::newRow("left of the band") << s << QPointF(2655.5, 100) << true << false;
-        QTest::newRow("right of the band") << s << QPointF(3104.5, 100) << true << false;
-        QTest::newRow("below the band") << s << QPointF(2800, 116.5) << true << false;
+        row("toolbar margin left edge", s, { left - 8, 40 }, false, true);
+        row("toolbar margin top edge", s, { 2800, toolbar.top() - 8 }, false, true);
+        row("beyond the 8 margin, off the control display", s, { left - 8.5, 40 }, false, false);
+        row("below the toolbar, off the control display", s, { 2800, 110 }, false, false);
+        row("band left edge on the control display", s, { 2656, 100 }, true, true);
+        row("band right edge", s, { 3104, 100 }, true, true);
+        row("band bottom edge", s, { 2800, 116 }, true, true);
+        row("band top edge", s, { 2700, 0 }, true, true);
+        row("left of the band", s, { 2655.5, 100 }, true, false);
+        row("right of the band", s, { 3104.5, 100 }, true, false);
+        row("below the band", s, { 2800, 116.5 }, true, false);
 
         ClickThroughState hidden = s;
         hidden.toolbarVisible = false;
-        QTest::newRow("hidden toolbar has no band")
-            << hidden << QPointF(2800, 100) << true << false;
-        QTest::newRow("hidden toolbar has no margin")
-            << hidden << QPointF(toolbar.left() - 4, 40) << true << false;
+        row("hidden toolbar has no band", hidden, { 2800, 100 }, true, false);
+        row("hidden toolbar has no margin", hidden, { left - 4, 40 }, true, false);
         ClickThroughState empty = s;
         empty.toolbarRect = QRectF();
-        QTest::newRow("empty toolbar rect has no band")
-            << empty << QPointF(2880, 50) << true << false;
+        row("empty toolbar rect has no band", empty, { 2880, 50 }, true, false);
         empty.toastRect = QRectF(2700, 90, 300, 40);
-        QTest::newRow("toast counts without a toolbar")
-            << empty << QPointF(2800, 100) << false << true;
+        row("toast counts without a toolbar", empty, { 2800, 100 }, false, true);
         ClickThroughState toast = hidden;
         toast.toastRect = QRectF(2700, 90, 300, 40);
-        QTest::newRow("toast of a hidden toolbar, right edge")
-            << toast << QPointF(3000, 130) << false << true;
+        row("toast of a hidden toolbar, right edge", toast, { 3000, 130 }, false, true);
     }
 
     void toolbarZone()

@@ -50,42 +50,19 @@ private slots:
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("displayName");
 
-        QTest::newRow("manufacturer and model") << " Dell "
-                                                << " U2720Q "
-                                                << "DP-1"
-                                                << "Dell U2720Q";
-        QTest::newRow("model alone") << ""
-                                     << "U2720Q"
-                                     << "DP-1"
-                                     << "U2720Q";
-        QTest::newRow("device path") << ""
-                                     << ""
-                                     << "\\\\.\\DISPLAY2"
-                                     << "Display 2";
-        QTest::newRow("display word in any case") << ""
-                                                  << ""
-                                                  << "display7"
-                                                  << "Display 7";
-        QTest::newRow("display word with nothing after it") << ""
-                                                            << ""
-                                                            << "./DISPLAY/"
-                                                            << "Display ?";
-        QTest::newRow("separators become one blank") << ""
-                                                     << ""
-                                                     << "a..b//c"
-                                                     << "a b c";
-        QTest::newRow("plain output name") << ""
-                                           << ""
-                                           << "LEFT"
-                                           << "LEFT";
-        QTest::newRow("only separators keep the raw name") << ""
-                                                           << ""
-                                                           << "./."
-                                                           << "./.";
-        QTest::newRow("white space is simplified") << ""
-                                                   << ""
-                                                   << "  HDMI   1 "
-                                                   << "HDMI 1";
+        const auto row = [](const char *why, const char *manufacturer, const char *model,
+                            const char *name, const char *shown) {
+            QTest::newRow(why) << manufacturer << model << name << shown;
+        };
+        row("manufacturer and model", " Dell ", " U2720Q ", "DP-1", "Dell U2720Q");
+        row("model alone", "", "U2720Q", "DP-1", "U2720Q");
+        row("device path", "", "", "\\\\.\\DISPLAY2", "Display 2");
+        row("display word in any case", "", "", "display7", "Display 7");
+        row("display word with nothing after it", "", "", "./DISPLAY/", "Display ?");
+        row("separators become one blank", "", "", "a..b//c", "a b c");
+        row("plain output name", "", "", "LEFT", "LEFT");
+        row("only separators keep the raw name", "", "", "./.", "./.");
+        row("white space is simplified", "", "", "  HDMI   1 ", "HDMI 1");
     }
 
     void names()

@@ -80,14 +80,6 @@ private slots:
         QCOMPARE(lastWriteTo(&hud2), true);
     }
 
-    void nullWindowIsIgnored()
-    {
-        writes->clear();
-        manager->registerWindow(QStringLiteral("ghost"), nullptr);
-        QVERIFY(writes->isEmpty());
-        QVERIFY(!manager->isRegistered(QStringLiteral("ghost")));
-    }
-
     void globalValueWritesEveryWindowOnceAndSignalsOnce()
     {
         writes->clear();
@@ -136,7 +128,7 @@ private slots:
             QCOMPARE(lastWriteTo(&hud), effective);
     }
 
-    void globalChangeDropsOverrides()
+    void globalChangeAndUnregisterDropOverrides()
     {
         manager->setWindowClickThrough(QStringLiteral("hud"), false);
         QCOMPARE(manager->effectiveClickThrough(QStringLiteral("hud")), false);
@@ -145,11 +137,20 @@ private slots:
         // The HUD follows the global value until someone overrides it again.
         QCOMPARE(manager->effectiveClickThrough(QStringLiteral("hud")), true);
         QCOMPARE(lastWriteTo(&hud), true);
+
+        // Unregistering forgets an override too.
+        manager->setWindowClickThrough(QStringLiteral("hud"), false);
+        manager->unregisterWindow(QStringLiteral("hud"));
+        manager->registerWindow(QStringLiteral("hud"), &hud);
+        QCOMPARE(lastWriteTo(&hud), true);
     }
 
     void unknownAndUnregisteredIdsAreIgnored()
     {
         writes->clear();
+        manager->registerWindow(QStringLiteral("ghost"), nullptr);
+        QVERIFY(writes->isEmpty());
+        QVERIFY(!manager->isRegistered(QStringLiteral("ghost")));
         manager->setWindowClickThrough(QStringLiteral("nobody"), false);
         manager->unregisterWindow(QStringLiteral("right"));
         manager->setClickThrough(false);
@@ -157,15 +158,6 @@ private slots:
         manager->raiseWindow(QStringLiteral("right"));
         QCOMPARE(writesTo(&right), 0);
         QCOMPARE(writes->size(), 2);
-    }
-
-    void unregisterForgetsTheOverride()
-    {
-        manager->setWindowClickThrough(QStringLiteral("hud"), false);
-        manager->unregisterWindow(QStringLiteral("hud"));
-        writes->clear();
-        manager->registerWindow(QStringLiteral("hud"), &hud);
-        QCOMPARE(lastWriteTo(&hud), true);
     }
 
     void destroyedWindowIsSkipped()

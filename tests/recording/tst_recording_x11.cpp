@@ -1,5 +1,6 @@
 #include "LogCapture.h"
 #include "PatternWindow.h"
+#include "RecordingFileHelpers.h"
 #include "X11RecordingSupport.h"
 #include "recording/RecordingFiles.h"
 #include "recording/RecordingManager.h"
@@ -21,10 +22,11 @@
 #include <unistd.h>
 
 using namespace X11Recording;
+using namespace RecordingFileHelpers;
 
 // Recordings of the RIGHT monitor on the real X server, and what the user is
-// left with when things go wrong: a folder that cannot be written, a disk that
-// fills up, a killed process, a display that goes away.
+// left with when things go wrong: a disk that fills up, a killed process, a
+// display that goes away.
 class TestRecordingX11 : public QObject
 {
     Q_OBJECT
@@ -36,22 +38,6 @@ class TestRecordingX11 : public QObject
     QStringList m_mounts;
 
     QString folder() const { return m_dir->filePath(QStringLiteral("videos")); }
-
-    static QStringList filesUnder(const QString &root)
-    {
-        QStringList files;
-        QDirIterator it(root, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-        while (it.hasNext())
-            files.append(QDir(root).relativeFilePath(it.next()));
-        files.sort();
-        return files;
-    }
-
-    static QString onlyFile(const QString &dir, const QString &pattern)
-    {
-        const QStringList names = QDir(dir).entryList({ pattern }, QDir::Files | QDir::Hidden);
-        return names.size() == 1 ? QDir(dir).filePath(names.first()) : QString();
-    }
 
     // Mounts a small tmpfs at `path` (root only); false when that is not possible.
     bool mountTmpfs(const QString &path, const QString &options)
@@ -181,32 +167,6 @@ private slots:
         QCOMPARE(filesUnder(folder()).size(), 2);
     }
 
-    void unwritableSaveFolderFails()
-    {
-        if (::geteuid() == 0) {
-            if (!mountTmpfs(folder(), QStringLiteral("size=1m,mode=0755")))
-                QSKIP("could not mount a tmpfs for the read-only folder");
-            QVERIFY(::mount(nullptr, folder().toLocal8Bit().constData(), nullptr,
-                            MS_REMOUNT | MS_RDONLY, nullptr)
-                    == 0);
-        } else {
-            QDir().mkpath(folder());
-            QFile::setPermissions(folder(), QFileDevice::ReadOwner | QFileDevice::ExeOwner);
-        }
-        RecordingManager manager(m_settings.get(), realBackend());
-        QSignalSpy finished(&manager, &RecordingManager::finished);
-        LogCapture log;
-        manager.start(m_right);
-        QCOMPARE(manager.state(), RecordingManager::Failed);
-        QCOMPARE(finished.size(), 1);
-        QCOMPARE(finished.first().at(0).toBool(), false);
-        QCOMPARE(
-            log.matching(QStringLiteral("RecordingManager: could not write recovery manifest for"))
-                .size(),
-            1);
-        QVERIFY(filesUnder(folder()).isEmpty());
-    }
-
     void diskFillingUpKeepsTheWorkingFiles()
     {
         // About two seconds of video at the balanced rate.
@@ -226,9 +186,7 @@ private slots:
         QVERIFY2(!working.isEmpty(), qPrintable(filesUnder(folder()).join(' ')));
         QVERIFY(QFileInfo(working).size() > 100000);
         QVERIFY(QFileInfo::exists(RecordingFiles::metadataPathFor(working)));
-        QFile manifest(RecordingFiles::manifestPathFor(working));
-        QVERIFY(manifest.open(QIODevice::ReadOnly));
-        const QJsonObject json = QJsonDocument::fromJson(manifest.readAll()).object();
+        const QJsonObject json = readJson(RecordingFiles::manifestPathFor(working));
         QCOMPARE(json.value("status").toString(), QStringLiteral("needs-recovery"));
         QVERIFY(!json.value("error").toString().isEmpty());
         QCOMPARE(json.value("workingPath").toString(), working);

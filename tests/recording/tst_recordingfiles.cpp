@@ -1,4 +1,5 @@
 #include "LogCapture.h"
+#include "RecordingFileHelpers.h"
 #include "recording/RecordingFiles.h"
 
 #include <QDir>
@@ -9,26 +10,13 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace RecordingFileHelpers;
+using namespace Qt::StringLiterals;
+
 // File names, the recovery manifest, promotion and the start-up scan.
 class TestRecordingFiles : public QObject
 {
     Q_OBJECT
-
-    static QJsonObject readJson(const QString &path)
-    {
-        QFile file(path);
-        if (!file.open(QIODevice::ReadOnly))
-            return {};
-        return QJsonDocument::fromJson(file.readAll()).object();
-    }
-
-    static void touch(const QString &path, const QByteArray &content = "x")
-    {
-        QDir().mkpath(QFileInfo(path).absolutePath());
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(content);
-    }
 
     static RecordingFiles::Manifest manifestIn(const QString &folder)
     {
@@ -112,22 +100,21 @@ private slots:
         const RecordingFiles::Manifest m = manifestIn(dir.path());
         QVERIFY(RecordingFiles::writeRecoveryManifest(m));
         const QJsonObject json = readJson(RecordingFiles::manifestPathFor(m.workingPath));
-        QCOMPARE(json.value("version").toInt(), 1);
-        QCOMPARE(json.value("status").toString(), QStringLiteral("recording"));
-        QCOMPARE(json.value("recordingId").toString(), m.recordingId);
-        QCOMPARE(json.value("finalPath").toString(), m.finalPath);
-        QCOMPARE(json.value("workingPath").toString(), m.workingPath);
-        QCOMPARE(json.value("finalMetadataPath").toString(), m.finalMetadataPath);
-        QCOMPARE(json.value("workingMetadataPath").toString(), m.workingMetadataPath);
-        QCOMPARE(json.value("fps").toInt(), 30);
-        QCOMPARE(json.value("qualityPreset").toInt(), 2);
-        const QJsonObject rect = json.value("captureRect").toObject();
-        QCOMPARE(QRect(rect.value("x").toInt(), rect.value("y").toInt(),
-                       rect.value("width").toInt(), rect.value("height").toInt()),
-                 m.captureRect);
-        QVERIFY(QDateTime::fromString(json.value("createdAtUtc").toString(), Qt::ISODateWithMs)
+        const QJsonObject rect { { "x", 1920 }, { "y", 0 }, { "width", 1920 }, { "height", 1080 } };
+        const QJsonObject expected { { "version", 1 },
+                                     { "status", "recording" },
+                                     { "recordingId", m.recordingId },
+                                     { "finalPath", m.finalPath },
+                                     { "workingPath", m.workingPath },
+                                     { "finalMetadataPath", m.finalMetadataPath },
+                                     { "workingMetadataPath", m.workingMetadataPath },
+                                     { "fps", 30 },
+                                     { "qualityPreset", 2 },
+                                     { "captureRect", rect } };
+        QJsonObject written = json;
+        QVERIFY(QDateTime::fromString(written.take("createdAtUtc").toString(), Qt::ISODateWithMs)
                     .isValid());
-        QVERIFY(!json.contains("error"));
+        QCOMPARE(written, expected);
     }
 
     void manifestCannotBeWritten()
@@ -142,15 +129,13 @@ private slots:
     {
         QTest::addColumn<QByteArray>("before"); // empty: no file
         QTest::addColumn<QStringList>("keys");
-        QTest::newRow("a deleted manifest comes back with three keys")
-            << QByteArray() << QStringList { "error", "status", "updatedAtUtc" };
-        QTest::newRow("a corrupt manifest is replaced")
-            << QByteArray("{not json") << QStringList { "error", "status", "updatedAtUtc" };
-        QTest::newRow("a JSON array is replaced")
-            << QByteArray("[1,2]") << QStringList { "error", "status", "updatedAtUtc" };
+        const QStringList added { "error", "status", "updatedAtUtc" };
+        QTest::newRow("a deleted manifest comes back with three keys") << QByteArray() << added;
+        QTest::newRow("a corrupt manifest is replaced") << QByteArray("{not json") << added;
+        QTest::newRow("a JSON array is replaced") << QByteArray("[1,2]") << added;
         QTest::newRow("a good manifest keeps its keys")
             << QByteArray(R"({"version":1,"workingPath":"/w","status":"recording"})")
-            << QStringList { "error", "status", "updatedAtUtc", "version", "workingPath" };
+            << added + QStringList { "version", "workingPath" };
     }
 
     void marking()
@@ -177,10 +162,7 @@ private slots:
         LogCapture log;
         RecordingFiles::markManifestNeedsRecovery(dir.filePath(QStringLiteral("blocker/m.json")),
                                                   QString());
-        QCOMPARE(
-            log.matching(QStringLiteral("RecordingManager: could not update recovery manifest"))
-                .size(),
-            1);
+        QCOMPARE(log.matching(u"RecordingManager: could not update recovery manifest"_s).size(), 1);
         RecordingFiles::markManifestNeedsRecovery(QString(), QStringLiteral("ignored"));
         QCOMPARE(log.messages().size(), 1);
     }
@@ -192,26 +174,21 @@ private slots:
         QTest::addColumn<QString>("final");
         QTest::addColumn<bool>("ok");
         QTest::addColumn<QString>("error");
-        QTest::newRow("video: empty path")
-            << false << QString() << "F" << false << "Missing recording output path.";
-        QTest::newRow("video: working file missing")
-            << false << "missing"
-            << "F" << false << "Working recording file does not exist: %1";
-        QTest::newRow("video: rename blocked")
-            << false << "W"
-            << "blocker/F" << false << "Could not rename %1 to %2.";
-        QTest::newRow("video: replaces an existing final file") << false << "W"
-                                                                << "existing" << true << QString();
-        QTest::newRow("metadata: empty paths are not a failure")
-            << true << QString() << "F" << true << QString();
-        QTest::newRow("metadata: working file missing")
-            << true << "missing"
-            << "F" << false << "Working metadata file does not exist: %1";
-        QTest::newRow("metadata: creates the final folder") << true << "W"
-                                                            << "sub/dir/F" << true << QString();
-        QTest::newRow("metadata: rename blocked")
-            << true << "W"
-            << "blocker/F" << false << "Could not rename %1 to %2.";
+        // %1: the working path, %2: the final one.
+        const auto row = [](const char *name, bool metadata, const char *working, const char *final,
+                            const char *error) {
+            QTest::newRow(name) << metadata << working << final << !*error << error;
+        };
+        row("video: empty path", false, "", "F", "Missing recording output path.");
+        row("video: working file missing", false, "missing", "F",
+            "Working recording file does not exist: %1");
+        row("video: rename blocked", false, "W", "blocker/F", "Could not rename %1 to %2.");
+        row("video: replaces an existing final file", false, "W", "existing", "");
+        row("metadata: empty paths are not a failure", true, "", "F", "");
+        row("metadata: working file missing", true, "missing", "F",
+            "Working metadata file does not exist: %1");
+        row("metadata: creates the final folder", true, "W", "sub/dir/F", "");
+        row("metadata: rename blocked", true, "W", "blocker/F", "Could not rename %1 to %2.");
     }
 
     void promotion()
@@ -233,12 +210,7 @@ private slots:
             : RecordingFiles::promoteRecording(workingPath, finalPath, &got);
         QCOMPARE(result, ok);
         if (!ok) {
-            QString expected = error;
-            if (expected.contains(QLatin1String("%2")))
-                expected = expected.arg(workingPath, finalPath);
-            else if (expected.contains(QLatin1String("%1")))
-                expected = expected.arg(workingPath);
-            QCOMPARE(got, expected);
+            QCOMPARE(got, error.replace(u"%1"_s, workingPath).replace(u"%2"_s, finalPath));
         } else if (!workingPath.isEmpty()) {
             QVERIFY(!QFileInfo::exists(workingPath));
             QFile file(finalPath);

@@ -1,16 +1,17 @@
 #include "LogCapture.h"
 #include "RecordingFakes.h"
+#include "RecordingFileHelpers.h"
 #include "recording/RecordingFiles.h"
 #include "recording/RecordingManager.h"
 #include "settings/SettingsManager.h"
 
 #include <QCoreApplication>
-#include <QDirIterator>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+
+using namespace RecordingFileHelpers;
+using namespace Qt::StringLiterals;
 
 // The lifecycle of a recording on the GUI thread, with a real worker thread
 // and fake platform pieces. Runs without a GUI, so there are no screens.
@@ -18,13 +19,12 @@ class TestRecordingManager : public QObject
 {
     Q_OBJECT
 
-    using State = RecordingManager::State;
-
     std::unique_ptr<QTemporaryDir> m_dir;
     std::unique_ptr<SettingsManager> m_settings;
     std::shared_ptr<FakeScript> m_script;
 
-    QString folder() const { return m_dir->filePath(QStringLiteral("videos")); }
+    QString folder() const { return m_dir->filePath(u"videos"_s); }
+    QString workingVideo() const { return onlyFile(folder(), u".*.recording.mp4"_s); }
 
     static QList<int> states(const QSignalSpy &spy)
     {
@@ -34,42 +34,16 @@ class TestRecordingManager : public QObject
         return list;
     }
 
-    QStringList filesUnder(const QString &root) const
+    // The final name a working file is promoted to.
+    static QString finalFor(const QString &working)
     {
-        QStringList files;
-        QDirIterator it(root, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-        while (it.hasNext())
-            files.append(QDir(root).relativeFilePath(it.next()));
-        files.sort();
-        return files;
-    }
-
-    QString workingVideo() const
-    {
-        const QStringList names = QDir(folder()).entryList({ QStringLiteral(".*.recording.mp4") },
-                                                           QDir::Files | QDir::Hidden);
-        return names.size() == 1 ? QDir(folder()).filePath(names.first()) : QString();
-    }
-
-    static QJsonObject readJson(const QString &path)
-    {
-        QFile file(path);
-        if (!file.open(QIODevice::ReadOnly))
-            return {};
-        return QJsonDocument::fromJson(file.readAll()).object();
-    }
-
-    static void blockWithDirectory(const QString &path)
-    {
-        QDir().mkpath(path);
-        QFile file(path + QStringLiteral("/keep"));
-        QVERIFY(file.open(QIODevice::WriteOnly));
+        const QFileInfo info(working);
+        return info.dir().filePath(info.fileName().mid(1).replace(u".recording.mp4"_s, u".mp4"_s));
     }
 
     // Starts a recording and waits until it runs.
     void startRecording(RecordingManager &manager)
     {
-        QSignalSpy stateSpy(&manager, &RecordingManager::stateChanged);
         manager.start();
         QCOMPARE(manager.state(), RecordingManager::Initializing);
         QTRY_COMPARE(manager.state(), RecordingManager::Recording);
@@ -103,9 +77,8 @@ private slots:
         QCOMPARE(elapsedSpy.first().first().toInt(), 0);
 
         const QString working = workingVideo();
-        const QString manifest = RecordingFiles::manifestPathFor(working);
-        const QJsonObject json = readJson(manifest);
-        QCOMPARE(json.value("status").toString(), QStringLiteral("recording"));
+        const QJsonObject json = readJson(RecordingFiles::manifestPathFor(working));
+        QCOMPARE(json.value("status").toString(), u"recording"_s);
         QCOMPARE(json.value("qualityPreset").toInt(), 2);
         QVERIFY(elapsedSpy.wait(1500));
         QCOMPARE(manager.elapsedSeconds(), 1);
@@ -119,52 +92,37 @@ private slots:
         QCOMPARE(finished.size(), 1);
         QVERIFY(finished.first().at(0).toBool());
         const QString finalPath = finished.first().at(1).toString();
-        QCOMPARE(RecordingFiles::workingPathFor(finalPath), working);
+        QCOMPARE(finalPath, finalFor(working));
+        const QString name = QFileInfo(finalPath).fileName();
         QCOMPARE(filesUnder(folder()),
-                 (QStringList { ".glimmora/metadata/" + QFileInfo(finalPath).fileName()
-                                    + ".cursor.jsonl",
-                                QFileInfo(finalPath).fileName() }));
-        QCOMPARE(log.matching(QStringLiteral("RecordingManager: metadata saved")).size(), 1);
-        QVERIFY(log.matching(QStringLiteral("RecordingManager: metadata saved"))
-                    .first()
-                    .contains(RecordingFiles::metadataPathFor(finalPath)));
+                 (QStringList { ".glimmora/metadata/" + name + ".cursor.jsonl", name }));
+        const QStringList saved = log.matching(u"RecordingManager: metadata saved"_s);
+        QCOMPARE(saved.size(), 1);
+        QVERIFY(saved.first().contains(RecordingFiles::metadataPathFor(finalPath)));
     }
 
-    void secondStartOnlyLogs()
+    // A start while recording or paused only logs; a pause holds the seconds.
+    void secondStartAndPause()
     {
         RecordingManager manager(m_settings.get(), fakeBackend(m_script));
         startRecording(manager);
         QSignalSpy finished(&manager, &RecordingManager::finished);
         QSignalSpy stateSpy(&manager, &RecordingManager::stateChanged);
+        QSignalSpy elapsedSpy(&manager, &RecordingManager::elapsedSecondsChanged);
         LogCapture log;
         manager.start();
-        QCOMPARE(manager.state(), RecordingManager::Recording);
-        QCOMPARE(
-            log.matching(QStringLiteral("RecordingManager: cannot start \u2014 already in state 1"))
-                .size(),
-            1);
+        QCOMPARE(log.matching(u"RecordingManager: cannot start \u2014 already in state 1"_s).size(),
+                 1);
         manager.togglePause();
         manager.start();
-        QCOMPARE(log.matching(QStringLiteral("already in state 2")).size(), 1);
-        QCOMPARE(finished.size(), 0);
+        QCOMPARE(log.matching(u"already in state 2"_s).size(), 1);
         QCOMPARE(states(stateSpy), QList<int> { 2 });
-        manager.stop();
-        QVERIFY(finished.wait(3000));
-    }
-
-    void pauseStopsTheSecondsCounter()
-    {
-        RecordingManager manager(m_settings.get(), fakeBackend(m_script));
-        startRecording(manager);
-        QSignalSpy elapsedSpy(&manager, &RecordingManager::elapsedSecondsChanged);
-        manager.togglePause();
-        QCOMPARE(manager.state(), RecordingManager::Paused);
         QVERIFY(!elapsedSpy.wait(1300));
         manager.togglePause();
         QCOMPARE(manager.state(), RecordingManager::Recording);
         QVERIFY(elapsedSpy.wait(1500));
         QCOMPARE(manager.elapsedSeconds(), 1);
-        QSignalSpy finished(&manager, &RecordingManager::finished);
+        QCOMPARE(finished.size(), 0);
         manager.stop();
         QVERIFY(finished.wait(3000));
     }
@@ -172,43 +130,36 @@ private slots:
     void startFailures_data()
     {
         QTest::addColumn<bool>("noScreen");
-        QTest::addColumn<bool>("blockFolder");
         QTest::addColumn<QString>("logLine");
-        QTest::newRow("no screen at all")
-            << true << false << "RecordingManager: no active display found.";
+        QTest::newRow("no screen at all") << true << "RecordingManager: no active display found.";
         QTest::newRow("manifest cannot be written")
-            << false << true << "RecordingManager: could not write recovery manifest for";
+            << false << "RecordingManager: could not write recovery manifest for";
     }
 
     void startFailures()
     {
         QFETCH(bool, noScreen);
-        QFETCH(bool, blockFolder);
         QFETCH(QString, logLine);
         RecordingBackend backend = fakeBackend(m_script);
         if (noScreen)
             backend.captureRect = &RecordingBackend::captureRectForScreen;
-        if (blockFolder) {
-            QDir().mkpath(folder());
-            QFile blocker(folder() + QStringLiteral("/.glimmora"));
-            QVERIFY(blocker.open(QIODevice::WriteOnly));
-        }
+        else
+            touch(folder() + u"/.glimmora"_s); // a file where the folder must go
         RecordingManager manager(m_settings.get(), backend);
         QSignalSpy finished(&manager, &RecordingManager::finished);
         LogCapture log;
         manager.start();
         QCOMPARE(manager.state(), RecordingManager::Failed);
         QCOMPARE(finished.size(), 1);
-        QCOMPARE(finished.first().at(0).toBool(), false);
-        QCOMPARE(finished.first().at(1).toString(), QString());
+        QCOMPARE(finished.first(), (QVariantList { false, QString() }));
         QCOMPARE(log.matching(logLine).size(), 1);
-        QVERIFY(!QFileInfo::exists(folder() + QStringLiteral("/.glimmora/recovery")));
+        QVERIFY(!QFileInfo::exists(folder() + u"/.glimmora/recovery"_s));
         QCOMPARE(m_script->sessions, 0);
     }
 
     void workerStartFailureMarksTheManifest()
     {
-        m_script->sessionError = QStringLiteral("Capture area is not on the screen.");
+        m_script->sessionError = u"Capture area is not on the screen."_s;
         RecordingManager manager(m_settings.get(), fakeBackend(m_script));
         QSignalSpy finished(&manager, &RecordingManager::finished);
         QSignalSpy stateSpy(&manager, &RecordingManager::stateChanged);
@@ -218,13 +169,10 @@ private slots:
         QCOMPARE(manager.state(), RecordingManager::Failed);
         QCOMPARE(states(stateSpy), (QList<int> { 5, 4 }));
         QCOMPARE(finished.first().at(0).toBool(), false);
-        QCOMPARE(log.matching(QStringLiteral("Recorder::start failed:")).size(), 1);
-        const QStringList manifests = QDir(folder() + QStringLiteral("/.glimmora/recovery"))
-                                          .entryList(QDir::Files | QDir::Hidden);
-        QCOMPARE(manifests.size(), 1);
-        const QJsonObject json =
-            readJson(folder() + QStringLiteral("/.glimmora/recovery/") + manifests.first());
-        QCOMPARE(json.value("status").toString(), QStringLiteral("needs-recovery"));
+        QCOMPARE(log.matching(u"Recorder::start failed:"_s).size(), 1);
+        const QString manifest = onlyFile(folder() + u"/.glimmora/recovery"_s, u".*"_s);
+        const QJsonObject json = readJson(manifest);
+        QCOMPARE(json.value("status").toString(), u"needs-recovery"_s);
         QCOMPARE(json.value("error").toString(), m_script->sessionError);
 
         // The failed attempt's worker is gone: a stop passes through Saving
@@ -241,36 +189,37 @@ private slots:
         QCOMPARE(manager.state(), RecordingManager::Idle);
     }
 
-    void stopDuringInitialisingSavesWhatThereIs()
+    void stopOrStartAgainWhileInitialising_data()
     {
+        QTest::addColumn<bool>("startAgain");
+        QTest::newRow("stop saves what there is") << false;
+        QTest::newRow("a second start abandons the first attempt") << true;
+    }
+
+    void stopOrStartAgainWhileInitialising()
+    {
+        QFETCH(bool, startAgain);
         RecordingManager manager(m_settings.get(), fakeBackend(m_script));
         QSignalSpy stateSpy(&manager, &RecordingManager::stateChanged);
         QSignalSpy finished(&manager, &RecordingManager::finished);
         QSignalSpy elapsedSpy(&manager, &RecordingManager::elapsedSecondsChanged);
         manager.start();
+        if (startAgain) {
+            manager.start();
+            QTRY_COMPARE(manager.state(), RecordingManager::Recording);
+        }
         manager.stop();
         QCOMPARE(manager.state(), RecordingManager::Saving);
-        QVERIFY(finished.wait(3000));
-        QCOMPARE(states(stateSpy), (QList<int> { 5, 3, 0 }));
-        QVERIFY2(elapsedSpy.isEmpty(), "a late started is ignored");
-        QVERIFY(finished.first().at(0).toBool());
-        QVERIFY(QFileInfo::exists(finished.first().at(1).toString()));
-    }
-
-    void startAgainWhileInitialisingAbandonsTheFirstAttempt()
-    {
-        RecordingManager manager(m_settings.get(), fakeBackend(m_script));
-        QSignalSpy finished(&manager, &RecordingManager::finished);
-        manager.start();
-        manager.start();
-        QTRY_COMPARE(manager.state(), RecordingManager::Recording);
-        manager.stop();
         QVERIFY(finished.wait(3000));
         QTest::qWait(200);
         QCOMPARE(finished.size(), 1);
         QVERIFY(finished.first().at(0).toBool());
-        QCOMPARE(manager.state(), RecordingManager::Idle);
         QVERIFY(QFileInfo::exists(finished.first().at(1).toString()));
+        QCOMPARE(manager.state(), RecordingManager::Idle);
+        if (!startAgain) {
+            QCOMPARE(states(stateSpy), (QList<int> { 5, 3, 0 }));
+            QVERIFY2(elapsedSpy.isEmpty(), "a late started is ignored");
+        }
     }
 
     void runtimeFaultEndsAsASavedRecording()
@@ -281,55 +230,49 @@ private slots:
         LogCapture log;
         {
             QMutexLocker lock(&m_script->mutex);
-            m_script->deliverError = QStringLiteral("X11 screen capture did not produce a frame.");
+            m_script->deliverError = u"X11 screen capture did not produce a frame."_s;
         }
         QVERIFY(finished.wait(3000));
         QCOMPARE(manager.state(), RecordingManager::Idle);
         QVERIFY(finished.first().at(0).toBool());
-        QVERIFY(!log.matching(QStringLiteral("Recording worker failed:")).isEmpty());
+        QVERIFY(!log.matching(u"Recording worker failed:"_s).isEmpty());
     }
 
     void endingFailures_data()
     {
         QTest::addColumn<QString>("closeError");
-        QTest::addColumn<bool>("blockVideo");
         QTest::addColumn<QString>("logLine");
-        QTest::newRow("finalising fails")
-            << "could not write the index" << false << "Recorder::finish failed:";
+        QTest::newRow("finalising fails") << "could not write the index"
+                                          << "Recorder::finish failed:";
         QTest::newRow("the final name is taken by a folder")
-            << QString() << true << "RecordingManager: could not promote recording:";
+            << QString() << "RecordingManager: could not promote recording:";
     }
 
     void endingFailures()
     {
         QFETCH(QString, closeError);
-        QFETCH(bool, blockVideo);
         QFETCH(QString, logLine);
         m_script->closeError = closeError;
         RecordingManager manager(m_settings.get(), fakeBackend(m_script));
         QSignalSpy finished(&manager, &RecordingManager::finished);
         startRecording(manager);
         const QString working = workingVideo();
-        const QString final =
-            QFileInfo(working).dir().filePath(QFileInfo(working).fileName().mid(1).replace(
-                QStringLiteral(".recording.mp4"), QStringLiteral(".mp4")));
-        if (blockVideo)
-            blockWithDirectory(final);
+        const QString final = finalFor(working);
+        if (closeError.isEmpty())
+            touch(final + u"/keep"_s);
         LogCapture log;
         manager.stop();
         QVERIFY(finished.wait(3000));
         QCOMPARE(manager.state(), RecordingManager::Failed);
-        QCOMPARE(finished.first().at(0).toBool(), false);
-        QCOMPARE(finished.first().at(1).toString(), QString());
+        QCOMPARE(finished.first(), (QVariantList { false, QString() }));
         QCOMPARE(log.matching(logLine).size(), 1);
         QVERIFY2(QFileInfo::exists(working), "the working video stays");
         QVERIFY(QFileInfo::exists(RecordingFiles::metadataPathFor(working)));
         const QJsonObject json = readJson(RecordingFiles::manifestPathFor(working));
-        QCOMPARE(json.value("status").toString(), QStringLiteral("needs-recovery"));
-        const QString expected = blockVideo
-            ? QStringLiteral("Could not rename %1 to %2.").arg(working, final)
-            : closeError;
-        QCOMPARE(json.value("error").toString(), expected);
+        QCOMPARE(json.value("status").toString(), u"needs-recovery"_s);
+        QCOMPARE(json.value("error").toString(),
+                 closeError.isEmpty() ? u"Could not rename %1 to %2."_s.arg(working, final)
+                                      : closeError);
     }
 
     void lostCursorFileStillSaves()
@@ -338,24 +281,18 @@ private slots:
         QSignalSpy finished(&manager, &RecordingManager::finished);
         startRecording(manager);
         const QString working = workingVideo();
-        const QString final =
-            QFileInfo(working).dir().filePath(QFileInfo(working).fileName().mid(1).replace(
-                QStringLiteral(".recording.mp4"), QStringLiteral(".mp4")));
-        blockWithDirectory(RecordingFiles::metadataPathFor(final));
+        const QString final = finalFor(working);
+        touch(RecordingFiles::metadataPathFor(final) + u"/keep"_s);
         LogCapture log;
         manager.stop();
         QVERIFY(finished.wait(3000));
         QCOMPARE(manager.state(), RecordingManager::Idle);
-        QVERIFY(finished.first().at(0).toBool());
-        QCOMPARE(finished.first().at(1).toString(), final);
+        QCOMPARE(finished.first(), (QVariantList { true, final }));
         QVERIFY(!QFileInfo::exists(RecordingFiles::manifestPathFor(working)));
-        QCOMPARE(
-            log.matching(QStringLiteral("RecordingManager: could not promote recording metadata:"))
-                .size(),
-            1);
-        const QStringList saved = log.matching(QStringLiteral("RecordingManager: metadata saved"));
-        QCOMPARE(saved.size(), 1);
-        QCOMPARE(saved.first(), QStringLiteral("RecordingManager: metadata saved \"\""));
+        QCOMPARE(log.matching(u"RecordingManager: could not promote recording metadata:"_s).size(),
+                 1);
+        QCOMPARE(log.matching(u"RecordingManager: metadata saved"_s),
+                 QStringList { u"RecordingManager: metadata saved \"\""_s });
     }
 
     void stopWithoutWorker()
@@ -387,8 +324,7 @@ private slots:
 
         LogCapture log;
         RecordingManager next(m_settings.get(), fakeBackend(m_script));
-        const QStringList found =
-            log.matching(QStringLiteral("RecordingManager: recoverable recording found"));
+        const QStringList found = log.matching(u"RecordingManager: recoverable recording found"_s);
         QCOMPARE(found.size(), 1);
         QVERIFY(found.first().contains(working));
     }

@@ -8,6 +8,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 // The paced worker with fake source, writer and pointer.
 class TestRecordingWorker : public QObject
 {
@@ -24,41 +26,49 @@ class TestRecordingWorker : public QObject
         return lines;
     }
 
-    const QRect m_rect { 1920, 0, 1920, 1080 };
+    std::unique_ptr<QTemporaryDir> m_dir;
+    std::shared_ptr<FakeScript> m_script;
+
+    QString path(const char *name) const { return m_dir->filePath(QLatin1String(name)); }
+
+    // Starts a recording of the right monitor into v.mp4.
+    void start(RecordingWorker &worker, const QString &metadata = QString())
+    {
+        worker.start(path("v.mp4"), metadata, QStringLiteral("id-1"), QRect(1920, 0, 1920, 1080),
+                     30, 1);
+    }
 
 private slots:
+    void init()
+    {
+        m_dir = std::make_unique<QTemporaryDir>();
+        m_script = std::make_shared<FakeScript>();
+    }
+
     void recordsFramesAndCursorLines()
     {
-        QTemporaryDir dir;
-        auto script = std::make_shared<FakeScript>();
-        RecordingWorker worker(fakeBackend(script));
+        RecordingWorker worker(fakeBackend(m_script));
         QSignalSpy started(&worker, &RecordingWorker::started);
         QSignalSpy stopped(&worker, &RecordingWorker::stopped);
-        const QString video = dir.filePath(QStringLiteral("v.mp4"));
-        const QString metadata = dir.filePath(QStringLiteral("meta/v.cursor.jsonl"));
-        worker.start(video, metadata, QStringLiteral("id-1"), m_rect, 30, 1);
+        const QString metadata = path("meta/v.cursor.jsonl");
+        start(worker, metadata);
         QCOMPARE(started.size(), 1);
         QTRY_VERIFY_WITH_TIMEOUT(worker.stats().writtenFrames >= 6, 5000);
         worker.finish();
         QCOMPARE(stopped.size(), 1);
-        QCOMPARE(stopped.first().at(0).toBool(), true);
-        QCOMPARE(stopped.first().at(1).toString(), video);
-        QCOMPARE(stopped.first().at(2).toString(), QString());
+        QCOMPARE(stopped.first(), (QVariantList { true, path("v.mp4"), QString() }));
 
         const QList<QJsonObject> lines = readLines(metadata);
         QVERIFY(lines.size() >= 7);
-        QCOMPARE(lines.first().value("type").toString(),
-                 QStringLiteral("glimmora-recording-metadata"));
-        QCOMPARE(lines.first().value("coordinateSpace").toString(),
-                 QStringLiteral("global-screen"));
-        QCOMPARE(lines.first().value("recordingId").toString(), QStringLiteral("id-1"));
+        QCOMPARE(lines.first().value("type").toString(), u"glimmora-recording-metadata"_s);
+        QCOMPARE(lines.first().value("coordinateSpace").toString(), u"global-screen"_s);
+        QCOMPARE(lines.first().value("recordingId").toString(), u"id-1"_s);
         const RecordingWorker::Stats stats = worker.stats();
         QCOMPARE(qint64(lines.size() - 1), stats.capturedFrames);
         qint64 lastT = -1;
-        for (qsizetype i = 1; i < lines.size(); ++i) {
-            const QJsonObject &line = lines.at(i);
-            QCOMPARE(line.value("type").toString(), QStringLiteral("cursor"));
-            QCOMPARE(line.value("recordingId").toString(), QStringLiteral("id-1"));
+        for (const QJsonObject &line : lines.mid(1)) {
+            QCOMPARE(line.value("type").toString(), u"cursor"_s);
+            QCOMPARE(line.value("recordingId").toString(), u"id-1"_s);
             QCOMPARE(line.value("x").toInt(), 2000);
             QCOMPARE(line.value("relativeX").toInt(), 80);
             QCOMPARE(line.value("relativeY").toInt(), 30);
@@ -66,113 +76,85 @@ private slots:
             QVERIFY(line.value("tMs").toInteger() > lastT);
             lastT = line.value("tMs").toInteger();
         }
-        QCOMPARE(qint64(script->sampleTimes.size()), stats.writtenFrames);
-        QCOMPARE(script->sampleTimes.back(), lastT * 10000);
-        QCOMPARE(script->stops, 1);
-
+        // The video's timeline is the cursor file's, in 100 ns units.
+        QCOMPARE(qint64(m_script->sampleTimes.size()), stats.writtenFrames);
+        QCOMPARE(m_script->sampleTimes.back(), lastT * 10000);
+        QCOMPARE(m_script->stops, 1);
         worker.finish();
         QCOMPARE(stopped.size(), 1);
     }
 
     void cursorUnknownLeavesOutTheCoordinates()
     {
-        QTemporaryDir dir;
-        auto script = std::make_shared<FakeScript>();
-        script->cursor.reset();
-        RecordingWorker worker(fakeBackend(script));
-        const QString metadata = dir.filePath(QStringLiteral("c.jsonl"));
-        worker.start(dir.filePath(QStringLiteral("v.mp4")), metadata, QStringLiteral("id"), m_rect,
-                     30, 1);
+        m_script->cursor.reset();
+        RecordingWorker worker(fakeBackend(m_script));
+        start(worker, path("c.jsonl"));
         QTRY_VERIFY(worker.stats().capturedFrames >= 1);
         worker.finish();
-        const QList<QJsonObject> lines = readLines(metadata);
-        QVERIFY(lines.size() >= 2);
-        QStringList keys = lines.at(1).keys();
+        QStringList keys = readLines(path("c.jsonl")).value(1).keys();
         keys.sort();
         QCOMPARE(keys, (QStringList { "buttons", "recordingId", "tMs", "type" }));
-    }
-
-    void withoutMetadataPathNoCursorFile()
-    {
-        QTemporaryDir dir;
-        auto script = std::make_shared<FakeScript>();
-        RecordingWorker worker(fakeBackend(script));
-        worker.start(dir.filePath(QStringLiteral("v.mp4")), QString(), QStringLiteral("id"), m_rect,
-                     30, 1);
-        QTRY_VERIFY(worker.stats().writtenFrames >= 2);
-        worker.finish();
-        QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList { "v.mp4" });
+        QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files), (QStringList { "c.jsonl", "v.mp4" }));
     }
 
     void startFailures_data()
     {
         QTest::addColumn<QString>("sessionError");
         QTest::addColumn<QString>("openError");
-        QTest::addColumn<bool>("blockedMetadata");
-        QTest::addColumn<QString>("error");
-        QTest::newRow("capture session") << "Capture area is not on the screen." << QString()
-                                         << false << "Capture area is not on the screen.";
-        QTest::newRow("writer") << QString() << "Could not open file." << false
+        QTest::addColumn<QString>("metadata");
+        QTest::addColumn<QString>("error"); // %1: the metadata path
+        QTest::newRow("capture session") << "Off the screen."
+                                         << ""
+                                         << "m.jsonl"
+                                         << "Off the screen.";
+        QTest::newRow("writer") << ""
+                                << "Could not open file."
+                                << "m.jsonl"
                                 << "Could not open file.";
-        QTest::newRow("cursor file")
-            << QString() << QString() << true << "Could not create recording metadata file: %1";
+        QTest::newRow("cursor file") << ""
+                                     << ""
+                                     << "blocker/m.jsonl"
+                                     << "Could not create recording metadata file: %1";
+        QTest::newRow("a second start") << ""
+                                        << ""
+                                        << ""
+                                        << "Recorder already started.";
     }
 
     void startFailures()
     {
         QFETCH(QString, sessionError);
         QFETCH(QString, openError);
-        QFETCH(bool, blockedMetadata);
+        QFETCH(QString, metadata);
         QFETCH(QString, error);
-        QTemporaryDir dir;
-        QFile blocker(dir.filePath(QStringLiteral("blocker")));
+        QFile blocker(path("blocker"));
         QVERIFY(blocker.open(QIODevice::WriteOnly));
-        blocker.close();
-        auto script = std::make_shared<FakeScript>();
-        script->sessionError = sessionError;
-        script->openError = openError;
-        RecordingWorker worker(fakeBackend(script));
-        QSignalSpy started(&worker, &RecordingWorker::started);
+        m_script->sessionError = sessionError;
+        m_script->openError = openError;
+        RecordingWorker worker(fakeBackend(m_script));
         QSignalSpy startFailed(&worker, &RecordingWorker::startFailed);
         QSignalSpy stopped(&worker, &RecordingWorker::stopped);
-        const QString video = dir.filePath(QStringLiteral("v.mp4"));
-        const QString metadata = dir.filePath(blockedMetadata ? QStringLiteral("blocker/m.jsonl")
-                                                              : QStringLiteral("m.jsonl"));
-        worker.start(video, metadata, QStringLiteral("id"), m_rect, 30, 1);
-        QCOMPARE(started.size(), 0);
+        const QString metadataPath = metadata.isEmpty() ? QString() : path(qPrintable(metadata));
+        if (metadata.isEmpty())
+            start(worker); // the one that runs
+        worker.start(path("w.mp4"), metadataPath, QStringLiteral("id"), QRect(0, 0, 64, 48), 30, 1);
         QCOMPARE(startFailed.size(), 1);
         QCOMPARE(startFailed.first().first().toString(),
-                 error.contains(QLatin1String("%1")) ? error.arg(metadata) : error);
-        if (!blockedMetadata)
-            QCOMPARE(readLines(metadata).size(), 1);
-        QTest::qWait(100);
-        QCOMPARE(script->deliveries, 0);
+                 error.contains(QLatin1String("%1")) ? error.arg(metadataPath) : error);
+        if (metadata.isEmpty()) {
+            // The running recording is left alone.
+            const qint64 before = worker.stats().writtenFrames;
+            QTRY_VERIFY(worker.stats().writtenFrames > before + 2);
+            QCOMPARE(m_script->outputPath, path("v.mp4"));
+        } else {
+            QTest::qWait(100);
+            QCOMPARE(m_script->deliveries, 0);
+        }
         // The path was taken, so a finish still reports it as written.
         worker.finish();
         QCOMPARE(stopped.size(), 1);
         QCOMPARE(stopped.first().at(0).toBool(), true);
-        QCOMPARE(stopped.first().at(1).toString(), video);
-    }
-
-    void secondStartLeavesTheRecordingAlone()
-    {
-        QTemporaryDir dir;
-        auto script = std::make_shared<FakeScript>();
-        RecordingWorker worker(fakeBackend(script));
-        QSignalSpy startFailed(&worker, &RecordingWorker::startFailed);
-        QSignalSpy stopped(&worker, &RecordingWorker::stopped);
-        const QString video = dir.filePath(QStringLiteral("v.mp4"));
-        worker.start(video, QString(), QStringLiteral("id"), m_rect, 30, 1);
-        worker.start(dir.filePath(QStringLiteral("w.mp4")), QString(), QStringLiteral("id2"),
-                     m_rect, 30, 1);
-        QCOMPARE(startFailed.size(), 1);
-        QCOMPARE(startFailed.first().first().toString(),
-                 QStringLiteral("Recorder already started."));
-        const qint64 before = worker.stats().writtenFrames;
-        QTRY_VERIFY(worker.stats().writtenFrames > before + 2);
-        worker.finish();
-        QCOMPARE(stopped.first().at(1).toString(), video);
-        QCOMPARE(script->outputPath, video);
+        QCOMPARE(stopped.first().at(1).toString(), path(metadata.isEmpty() ? "v.mp4" : "w.mp4"));
     }
 
     void frameFailureMessages_data()
@@ -181,11 +163,12 @@ private slots:
         QTest::addColumn<QString>("deliverError");
         QTest::addColumn<bool>("silent");
         QTest::addColumn<QString>("message");
-        QTest::newRow("writer's error first")
-            << "encoder gone" << QString() << false << "encoder gone";
-        QTest::newRow("then the source's") << QString() << "no frame" << false << "no frame";
-        QTest::newRow("else a fixed text")
-            << QString() << QString() << true << "Recording frame capture failed.";
+        QTest::newRow("writer's error first") << "gone"
+                                              << "" << false << "gone";
+        QTest::newRow("then the source's") << ""
+                                           << "no frame" << false << "no frame";
+        QTest::newRow("else a fixed text") << ""
+                                           << "" << true << "Recording frame capture failed.";
     }
 
     void frameFailureMessages()
@@ -193,16 +176,13 @@ private slots:
         QFETCH(QString, submitError);
         QFETCH(QString, deliverError);
         QFETCH(bool, silent);
-        QTemporaryDir dir;
-        auto script = std::make_shared<FakeScript>();
-        script->submitError = submitError;
-        script->deliverError = deliverError;
-        script->deliverWithoutText = silent;
-        RecordingWorker worker(fakeBackend(script));
+        m_script->submitError = submitError;
+        m_script->deliverError = deliverError;
+        m_script->deliverWithoutText = silent;
+        RecordingWorker worker(fakeBackend(m_script));
         QSignalSpy failed(&worker, &RecordingWorker::failed);
         QSignalSpy stopped(&worker, &RecordingWorker::stopped);
-        worker.start(dir.filePath(QStringLiteral("v.mp4")), QString(), QStringLiteral("id"), m_rect,
-                     30, 1);
+        start(worker);
         QVERIFY(failed.wait(2000));
         QTEST(failed.first().first().toString(), "message");
         QCOMPARE(stopped.size(), 0);
@@ -210,29 +190,10 @@ private slots:
         QCOMPARE(stopped.size(), 1);
     }
 
-    void finaliseFailureIsReported()
-    {
-        QTemporaryDir dir;
-        auto script = std::make_shared<FakeScript>();
-        script->closeError = QStringLiteral("could not write the index");
-        RecordingWorker worker(fakeBackend(script));
-        QSignalSpy stopped(&worker, &RecordingWorker::stopped);
-        worker.start(dir.filePath(QStringLiteral("v.mp4")), QString(), QStringLiteral("id"), m_rect,
-                     30, 1);
-        worker.finish();
-        QCOMPARE(stopped.size(), 1);
-        QCOMPARE(stopped.first().at(0).toBool(), false);
-        QCOMPARE(stopped.first().at(1).toString(), QString());
-        QCOMPARE(stopped.first().at(2).toString(), QStringLiteral("could not write the index"));
-    }
-
     void pauseStopsTheTicksButNotTheClock()
     {
-        QTemporaryDir dir;
-        auto script = std::make_shared<FakeScript>();
-        RecordingWorker worker(fakeBackend(script));
-        worker.start(dir.filePath(QStringLiteral("v.mp4")), QString(), QStringLiteral("id"), m_rect,
-                     30, 1);
+        RecordingWorker worker(fakeBackend(m_script));
+        start(worker);
         QTRY_VERIFY(worker.stats().writtenFrames >= 2);
         worker.pause();
         const qint64 written = worker.stats().writtenFrames;

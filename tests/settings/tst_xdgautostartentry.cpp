@@ -38,9 +38,49 @@ private slots:
     void init() { m_store = std::make_unique<TestStore>(); }
     void cleanup() { m_store.reset(); }
 
-    void execQuoting_data();
-    void execQuoting();
-    void launchAtLoginAddsAndRemovesTheFile();
+    void execQuoting_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("exec");
+
+        QTest::newRow("plain path stays bare")
+            << u"/opt/glimmora/bin/glimmora"_s << u"/opt/glimmora/bin/glimmora"_s;
+        QTest::newRow("space needs quotes")
+            << u"/home/u/My Apps/glimmora"_s << u"\"/home/u/My Apps/glimmora\""_s;
+        QTest::newRow("dollar is escaped twice")
+            << u"/opt/a$b/glimmora"_s << u"\"/opt/a\\\\$b/glimmora\""_s;
+        QTest::newRow("backslash becomes four")
+            << u"/opt/a\\b/glimmora"_s << u"\"/opt/a\\\\\\\\b/glimmora\""_s;
+    }
+
+    void execQuoting()
+    {
+        QFETCH(QString, path);
+        QFETCH(QString, exec);
+
+        XdgAutostartEntry entry;
+        QCOMPARE(entry.filePath(), autostartPath());
+        QVERIFY(entry.add(path));
+        const QMap<QString, QString> keys = readEntry(autostartPath());
+        QCOMPARE(keys.value(u"Exec"_s), exec);
+        QCOMPARE(keys.value(u"Name"_s), u"Glimmora"_s);
+        QCOMPARE(keys.value(u"Type"_s), u"Application"_s);
+    }
+
+    void launchAtLoginAddsAndRemovesTheFile()
+    {
+        SettingsManager manager(LoginEntry::create());
+        QVERIFY(!QFile::exists(autostartPath()));
+
+        manager.setLaunchAtLogin(true);
+        QCOMPARE(readEntry(autostartPath()).value(u"Exec"_s),
+                 QCoreApplication::applicationFilePath());
+
+        manager.setLaunchAtLogin(false);
+        QVERIFY(!QFile::exists(autostartPath()));
+        // Removing what is not there is not an error.
+        QVERIFY(XdgAutostartEntry().remove());
+    }
 
 private:
     QString autostartPath() const
@@ -50,49 +90,6 @@ private:
 
     std::unique_ptr<TestStore> m_store;
 };
-
-void TestXdgAutostartEntry::execQuoting_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("exec");
-
-    QTest::newRow("plain path stays bare")
-        << u"/opt/glimmora/bin/glimmora"_s << u"/opt/glimmora/bin/glimmora"_s;
-    QTest::newRow("space needs quotes")
-        << u"/home/u/My Apps/glimmora"_s << u"\"/home/u/My Apps/glimmora\""_s;
-    QTest::newRow("dollar is escaped twice")
-        << u"/opt/a$b/glimmora"_s << u"\"/opt/a\\\\$b/glimmora\""_s;
-    QTest::newRow("backslash becomes four")
-        << u"/opt/a\\b/glimmora"_s << u"\"/opt/a\\\\\\\\b/glimmora\""_s;
-}
-
-void TestXdgAutostartEntry::execQuoting()
-{
-    QFETCH(QString, path);
-    QFETCH(QString, exec);
-
-    XdgAutostartEntry entry;
-    QCOMPARE(entry.filePath(), autostartPath());
-    QVERIFY(entry.add(path));
-    const QMap<QString, QString> keys = readEntry(autostartPath());
-    QCOMPARE(keys.value(u"Exec"_s), exec);
-    QCOMPARE(keys.value(u"Name"_s), u"Glimmora"_s);
-    QCOMPARE(keys.value(u"Type"_s), u"Application"_s);
-}
-
-void TestXdgAutostartEntry::launchAtLoginAddsAndRemovesTheFile()
-{
-    SettingsManager manager(LoginEntry::create());
-    QVERIFY(!QFile::exists(autostartPath()));
-
-    manager.setLaunchAtLogin(true);
-    QCOMPARE(readEntry(autostartPath()).value(u"Exec"_s), QCoreApplication::applicationFilePath());
-
-    manager.setLaunchAtLogin(false);
-    QVERIFY(!QFile::exists(autostartPath()));
-    // Removing what is not there is not an error.
-    QVERIFY(XdgAutostartEntry().remove());
-}
 
 QTEST_GUILESS_MAIN(TestXdgAutostartEntry)
 #include "tst_xdgautostartentry.moc"
