@@ -117,14 +117,6 @@ private slots:
         QCOMPARE(written, expected);
     }
 
-    void manifestCannotBeWritten()
-    {
-        QTemporaryDir dir;
-        touch(dir.filePath(QStringLiteral("blocker")));
-        RecordingFiles::Manifest m = manifestIn(dir.filePath(QStringLiteral("blocker")));
-        QVERIFY(!RecordingFiles::writeRecoveryManifest(m));
-    }
-
     void marking_data()
     {
         QTest::addColumn<QByteArray>("before"); // empty: no file
