@@ -150,9 +150,7 @@ private slots:
         case Failure::DiskFull:
             mount = std::make_unique<ScratchMount>(folder, "size=128k", 0);
             if (!mount->mounted())
-                QSKIP("cannot mount a small tmpfs here: run as root with the right to mount to "
-                      "test a "
-                      "full disk");
+                QSKIP("cannot mount a small tmpfs here (needs root with the right to mount)");
             m_grab = noise({ 400, 300 });
             break;
         }

@@ -84,9 +84,7 @@ private slots:
         case Fault::FullDisk:
             mount = std::make_unique<ScratchMount>(folder, "size=256k", 0);
             if (!mount->mounted())
-                QSKIP("cannot mount a small tmpfs here: run as root with the right to mount to "
-                      "test a "
-                      "full disk");
+                QSKIP("cannot mount a small tmpfs here (needs root with the right to mount)");
             break;
         case Fault::FileSizeLimit:
             limit = std::make_unique<FileSizeLimit>(100 * 1024);

@@ -22,6 +22,8 @@
 
 Q_IMPORT_QML_PLUGIN(GlimmoraAppPlugin)
 
+using Keys = QList<xkb_keysym_t>;
+
 class TestHotkeysX11 : public QObject
 {
     Q_OBJECT
@@ -66,24 +68,24 @@ private slots:
 
     void hotkeysFireWhileAnotherClientHasFocus_data()
     {
-        QTest::addColumn<QList<xkb_keysym_t>>("keys");
+        QTest::addColumn<Keys>("keys");
         QTest::addColumn<QByteArray>("signal");
         QTest::addColumn<QVariantList>("arguments");
 
         QTest::newRow("Alt+3 picks the pen")
-            << QList<xkb_keysym_t> { XKB_KEY_Alt_L, XKB_KEY_3 }
-            << QByteArray(SIGNAL(toolRequested(QString))) << QVariantList { QStringLiteral("pen") };
+            << Keys { XKB_KEY_Alt_L, XKB_KEY_3 } << QByteArray(SIGNAL(toolRequested(QString)))
+            << QVariantList { QStringLiteral("pen") };
         QTest::newRow("Ctrl+Shift+Z redoes")
-            << QList<xkb_keysym_t> { XKB_KEY_Control_L, XKB_KEY_Shift_L, XKB_KEY_z }
+            << Keys { XKB_KEY_Control_L, XKB_KEY_Shift_L, XKB_KEY_z }
             << QByteArray(SIGNAL(redoRequested())) << QVariantList {};
         QTest::newRow("right Ctrl+Z undoes")
-            << QList<xkb_keysym_t> { XKB_KEY_Control_R, XKB_KEY_z }
-            << QByteArray(SIGNAL(undoRequested())) << QVariantList {};
+            << Keys { XKB_KEY_Control_R, XKB_KEY_z } << QByteArray(SIGNAL(undoRequested()))
+            << QVariantList {};
     }
 
     void hotkeysFireWhileAnotherClientHasFocus()
     {
-        QFETCH(QList<xkb_keysym_t>, keys);
+        QFETCH(Keys, keys);
         QFETCH(QByteArray, signal);
         QFETCH(QVariantList, arguments);
 
@@ -105,18 +107,18 @@ private slots:
 
     void keysNotGrabbedReachTheFocusedClient_data()
     {
-        QTest::addColumn<QList<xkb_keysym_t>>("keys");
+        QTest::addColumn<Keys>("keys");
         QTest::addColumn<QString>("received");
 
         QTest::newRow("Alt with an unbound digit")
-            << QList<xkb_keysym_t> { XKB_KEY_Alt_L, XKB_KEY_9 } << QStringLiteral("9");
+            << Keys { XKB_KEY_Alt_L, XKB_KEY_9 } << QStringLiteral("9");
         QTest::newRow("a hotkey's key with a different modifier")
-            << QList<xkb_keysym_t> { XKB_KEY_Control_L, XKB_KEY_3 } << QStringLiteral("3");
+            << Keys { XKB_KEY_Control_L, XKB_KEY_3 } << QStringLiteral("3");
     }
 
     void keysNotGrabbedReachTheFocusedClient()
     {
-        QFETCH(QList<xkb_keysym_t>, keys);
+        QFETCH(Keys, keys);
         QFETCH(QString, received);
 
         QSignalSpy tools(m_manager.get(), &HotkeyManager::toolRequested);
@@ -287,26 +289,24 @@ private slots:
 
     void rawKeysGiveKeystrokeText_data()
     {
-        QTest::addColumn<QList<xkb_keysym_t>>("keys");
+        QTest::addColumn<Keys>("keys");
         QTest::addColumn<QStringList>("texts");
 
         QTest::newRow("Ctrl+Shift+B with the modifier switch")
-            << QList<xkb_keysym_t> { XKB_KEY_Control_L, XKB_KEY_Shift_L, XKB_KEY_b }
+            << Keys { XKB_KEY_Control_L, XKB_KEY_Shift_L, XKB_KEY_b }
             << QStringList { "Ctrl", "Shift", "Ctrl+Shift+B" };
         QTest::newRow("Shift+1 names the key, not the character")
-            << QList<xkb_keysym_t> { XKB_KEY_Shift_R, XKB_KEY_1 }
-            << QStringList { "Shift", "Shift+1" };
+            << Keys { XKB_KEY_Shift_R, XKB_KEY_1 } << QStringList { "Shift", "Shift+1" };
         QTest::newRow("Super+Alt+Left in reading order")
-            << QList<xkb_keysym_t> { XKB_KEY_Alt_L, XKB_KEY_Super_L, XKB_KEY_Left }
+            << Keys { XKB_KEY_Alt_L, XKB_KEY_Super_L, XKB_KEY_Left }
             << QStringList { "Alt", "Win", "Win+Alt+Left" };
         QTest::newRow("a registered hotkey shows as the command and as the keys")
-            << QList<xkb_keysym_t> { XKB_KEY_Alt_L, XKB_KEY_3 }
-            << QStringList { "Alt", "Alt+3", "Alt+3" };
+            << Keys { XKB_KEY_Alt_L, XKB_KEY_3 } << QStringList { "Alt", "Alt+3", "Alt+3" };
     }
 
     void rawKeysGiveKeystrokeText()
     {
-        QFETCH(QList<xkb_keysym_t>, keys);
+        QFETCH(Keys, keys);
         QFETCH(QStringList, texts);
 
         QVERIFY(m_keyboard.keycode(keys.last()) != 0);
