@@ -57,7 +57,7 @@ void TestDrawingX11::initTestCase()
     };
     for (const auto &[name, file] : mocks) {
         QQmlComponent component(&m_engine,
-                                QUrl::fromLocalFile(QStringLiteral(MOCK_DIR "/") + file));
+                                QUrl::fromLocalFile(QStringLiteral(MOCKS_DIR "/") + file));
         QObject *object = component.create();
         QVERIFY2(object, qPrintable(component.errorString()));
         object->setParent(&m_engine);
@@ -68,6 +68,7 @@ void TestDrawingX11::initTestCase()
             m_app = object;
     }
     m_engine.rootContext()->setContextProperty(QStringLiteral("drawingModel"), &m_model);
+    m_app->setProperty("currentTool", QStringLiteral("pen"));
     m_settings->setProperty("brushSize", 8);
     m_settings->setProperty("clickRippleEnabled", false);
 

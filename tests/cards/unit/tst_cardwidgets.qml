@@ -320,24 +320,6 @@ Item {
             compare(findChild(holder.card, "shortcutCardQuitText").text, data.text);
         }
 
-        function test_shortcutCardCloses() {
-            const holder = createTemporaryObject(shortcutComponent, scene);
-            spyA.target = holder.card;
-            spyA.signalName = "closeRequested";
-            mouseClick(findChild(holder.card, "shortcutCardClose"));
-            compare(spyA.count, 1);
-        }
-
-        function test_shortcutCardFadesWithTheChrome() {
-            const holder = createTemporaryObject(shortcutComponent, scene);
-            const face = findChild(holder.card, "shortcutCard");
-            compare(face.opacity, 1);
-            holder.card.controlsVisible = false;
-            tryCompare(face, "opacity", 0, 2000);
-            holder.card.controlsVisible = true;
-            tryCompare(face, "opacity", 1, 2000);
-        }
-
         // --- Mode badge ---------------------------------------------------------
 
         function test_badgeStates_data() {
