@@ -130,14 +130,17 @@ void tst_X11ProgramOverlays::penKeyDrawsAndTakesTheClicks()
         return count;
     };
     QCOMPARE(penPixels(), 0);
+    // The 16 ms pointer poll must see each step, as it would a person's hand.
     m_user.moveTo(QPoint(200, y));
+    QTest::qWait(100);
     m_user.press(1);
+    QTest::qWait(50);
     for (int x = 220; x <= 700; x += 20) {
         m_user.moveTo(QPoint(x, y));
         QTest::qWait(20);
     }
     m_user.release(1);
-    QTRY_VERIFY2(penPixels() > 380, "the stroke shows on the left monitor");
+    QTRY_VERIFY2(penPixels() > 380, qPrintable(QStringLiteral("%1 pen pixels").arg(penPixels())));
     QCOMPARE(m_client.pressCount(), before);
 
     key("ctrl+shift+k");
