@@ -213,15 +213,6 @@ private slots:
         QCOMPARE(spy.count(), 1);
     }
 
-    void magnifierTogglesWithoutRefresh()
-    {
-        QSignalSpy spy(controller.get(), &AppController::magnifierEnabledChanged);
-        controller->toggleMagnifier();
-        controller->setMagnifierEnabled(true);
-        QCOMPARE(spy.count(), 1);
-        QVERIFY(controller->magnifierEnabled());
-    }
-
     void rectangleSettersCompareFirstAndRefresh_data()
     {
         QTest::addColumn<QString>("property");

@@ -82,32 +82,20 @@ private slots:
         settings.reset();
     }
 
-    void mainWindowShape()
-    {
-        QCOMPARE(root->property("title").toString(), QStringLiteral("Glimmora"));
-        QCOMPARE(root->property("width").toInt(), 1);
-        const auto flags = root->property("flags").value<Qt::WindowFlags>();
-        QVERIFY(flags.testFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::Tool));
-    }
-
     void commandLabels_data()
     {
         QTest::addColumn<QString>("combo");
         QTest::addColumn<QString>("label");
-        QTest::newRow("F5 pauses") << "F5"
-                                   << "Pause";
-        QTest::newRow("Esc is the cursor") << "Esc"
-                                           << "Cursor";
-        QTest::newRow("pen") << "Alt+3"
-                             << "Pen";
-        QTest::newRow("quit") << "Ctrl+Shift+Q"
-                              << "Quit";
-        QTest::newRow("capture keys carry no label") << "Ctrl+Shift+S"
-                                                     << "";
-        QTest::newRow("exact text only") << "alt+3"
-                                         << "";
-        QTest::newRow("plain letters carry none") << "C"
-                                                  << "";
+        const auto row = [](const char *combo, const char *label) {
+            QTest::newRow(combo) << QString(combo) << QString(label);
+        };
+        row("F5", "Pause");
+        row("Esc", "Cursor");
+        row("Alt+3", "Pen");
+        row("Ctrl+Shift+Q", "Quit");
+        row("Ctrl+Shift+S", ""); // capture keys carry no label
+        row("alt+3", ""); // exact text only
+        row("C", ""); // plain letters carry none
     }
 
     void commandLabels()
@@ -133,24 +121,18 @@ private slots:
         QTest::addColumn<QString>("switchedOff");
         QTest::addColumn<bool>("shown");
 
-        QTest::newRow("letters are hidden by default") << "A"
-                                                       << "" << false;
-        QTest::newRow("modified keys are shown") << "Ctrl+C"
-                                                 << "" << true;
-        QTest::newRow("function key") << "F9"
-                                      << "" << true;
-        QTest::newRow("function keys switched off") << "F9"
-                                                    << "showFunctionKeys" << false;
-        QTest::newRow("command keys ignore the class switches") << "F5"
-                                                                << "showFunctionKeys" << true;
-        QTest::newRow("modified switched off") << "Ctrl+C"
-                                               << "showModifierKeys" << false;
-        QTest::newRow("brackets are never shown") << "["
-                                                  << "" << false;
-        QTest::newRow("master switch hides even commands") << "F5"
-                                                           << "keystrokesEnabled" << false;
-        QTest::newRow("Esc is a command key") << "Esc"
-                                              << "showNavigationKeys" << true;
+        const auto row = [](const char *name, const char *combo, const char *off, bool shown) {
+            QTest::newRow(name) << QString(combo) << QString(off) << shown;
+        };
+        row("letters are hidden by default", "A", "", false);
+        row("modified keys are shown", "Ctrl+C", "", true);
+        row("function key", "F9", "", true);
+        row("function keys switched off", "F9", "showFunctionKeys", false);
+        row("command keys ignore the class switches", "F5", "showFunctionKeys", true);
+        row("modified switched off", "Ctrl+C", "showModifierKeys", false);
+        row("brackets are never shown", "[", "", false);
+        row("master switch hides even commands", "F5", "keystrokesEnabled", false);
+        row("Esc is a command key", "Esc", "showNavigationKeys", true);
     }
 
     void keystrokeFilter()
@@ -180,16 +162,14 @@ private slots:
     {
         QTest::addColumn<QString>("current");
         QTest::addColumn<QString>("next");
-        QTest::newRow("red to yellow") << "#F05D5D"
-                                       << "#F4C24A";
-        QTest::newRow("case does not matter") << "#5ec27a"
-                                              << "#5DA8F0";
-        QTest::newRow("text wraps to red") << "#ECEEF2"
-                                           << "#F05D5D";
-        QTest::newRow("a colour off the palette counts as red") << "#123456"
-                                                                << "#F4C24A";
-        QTest::newRow("eight digits are off the palette") << "#FFF05D5D"
-                                                          << "#F4C24A";
+        const auto row = [](const char *name, const char *current, const char *next) {
+            QTest::newRow(name) << QString(current) << QString(next);
+        };
+        row("red to yellow", "#F05D5D", "#F4C24A");
+        row("case does not matter", "#5ec27a", "#5DA8F0");
+        row("text wraps to red", "#ECEEF2", "#F05D5D");
+        row("a colour off the palette counts as red", "#123456", "#F4C24A");
+        row("eight digits are off the palette", "#FFF05D5D", "#F4C24A");
     }
 
     void colourCycle()

@@ -35,20 +35,17 @@ private slots:
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QString>("line");
 
-        const char *const source = "src/app/Startup.cpp";
-        QTest::newRow("debug") << int(QtDebugMsg) << QByteArray()
-                               << "2026-11-23T05:32:07.045 [debug] hello";
-        QTest::newRow("info") << int(QtInfoMsg) << QByteArray()
-                              << "2026-11-23T05:32:07.045 [info] hello";
-        QTest::newRow("warning") << int(QtWarningMsg) << QByteArray()
-                                 << "2026-11-23T05:32:07.045 [warning] hello";
-        QTest::newRow("critical") << int(QtCriticalMsg) << QByteArray()
-                                  << "2026-11-23T05:32:07.045 [critical] hello";
-        QTest::newRow("fatal") << int(QtFatalMsg) << QByteArray()
-                               << "2026-11-23T05:32:07.045 [fatal] hello";
+        const QString stamp = QStringLiteral("2026-11-23T05:32:07.045 ");
+        const std::pair<QtMsgType, const char *> levels[] = { { QtDebugMsg, "debug" },
+                                                              { QtInfoMsg, "info" },
+                                                              { QtWarningMsg, "warning" },
+                                                              { QtCriticalMsg, "critical" },
+                                                              { QtFatalMsg, "fatal" } };
+        for (const auto &[type, name] : levels)
+            QTest::newRow(name) << int(type) << QByteArray() << stamp + "[" + name + "] hello";
         QTest::newRow("with a source location")
-            << int(QtWarningMsg) << QByteArray(source)
-            << "2026-11-23T05:32:07.045 [warning] hello (src/app/Startup.cpp:42)";
+            << int(QtWarningMsg) << QByteArray("src/app/Startup.cpp")
+            << stamp + "[warning] hello (src/app/Startup.cpp:42)";
     }
 
     void logLineFormat()
@@ -170,46 +167,29 @@ private slots:
         // hotkeys, click-through, input visualisation, portal required
         QTest::addColumn<QList<bool>>("answers");
 
-        QTest::newRow("native X11 with both extensions")
-            << "xcb"
-            << "x11"
-            << "" << true << true << "X11"
-            << "x11" << QList<bool> { true, true, true, false };
-        QTest::newRow("X11 without SHAPE has no click-through")
-            << "xcb"
-            << ""
-            << "" << false << true << "X11"
-            << "x11" << QList<bool> { true, false, true, false };
-        QTest::newRow("X11 without XInput 2 shows no keys")
-            << "xcb"
-            << "x11"
-            << "" << true << false << "X11"
-            << "x11" << QList<bool> { true, true, false, false };
-        QTest::newRow("XWayland by session type")
-            << "xcb"
-            << "wayland"
-            << "wayland-0" << true << true << "XWayland"
-            << "wayland" << QList<bool> { false, true, false, true };
-        QTest::newRow("XWayland by WAYLAND_DISPLAY alone")
-            << "xcb"
-            << ""
-            << "wayland-0" << true << true << "XWayland"
-            << "wayland" << QList<bool> { false, true, false, true };
-        QTest::newRow("tty session type with a Wayland socket is not Wayland")
-            << "xcb"
-            << "tty"
-            << "wayland-0" << true << true << "X11"
-            << "tty" << QList<bool> { true, true, true, false };
-        QTest::newRow("native Wayland platform")
-            << "wayland"
-            << "wayland"
-            << "wayland-0" << false << false << "Wayland"
-            << "wayland" << QList<bool> { false, false, false, true };
-        QTest::newRow("offscreen has nothing")
-            << "offscreen"
-            << ""
-            << "" << false << false << "offscreen"
-            << "x11" << QList<bool> { false, false, false, false };
+        const auto row = [](const char *name, const char *platform, const char *type,
+                            const char *wayland, bool shape, bool xinput2, const char *backend,
+                            const char *session, QList<bool> answers) {
+            QTest::newRow(name) << QString(platform) << QString(type) << QString(wayland) << shape
+                                << xinput2 << QString(backend) << QString(session) << answers;
+        };
+        const QList<bool> x11 { true, true, true, false };
+        const QList<bool> xwayland { false, true, false, true };
+        row("native X11 with both extensions", "xcb", "x11", "", true, true, "X11", "x11", x11);
+        row("X11 without SHAPE has no click-through", "xcb", "", "", false, true, "X11", "x11",
+            { true, false, true, false });
+        row("X11 without XInput 2 shows no keys", "xcb", "x11", "", true, false, "X11", "x11",
+            { true, true, false, false });
+        row("XWayland by session type", "xcb", "wayland", "wayland-0", true, true, "XWayland",
+            "wayland", xwayland);
+        row("XWayland by WAYLAND_DISPLAY alone", "xcb", "", "wayland-0", true, true, "XWayland",
+            "wayland", xwayland);
+        row("tty session type with a Wayland socket is not Wayland", "xcb", "tty", "wayland-0",
+            true, true, "X11", "tty", x11);
+        row("native Wayland platform", "wayland", "wayland", "wayland-0", false, false, "Wayland",
+            "wayland", { false, false, false, true });
+        row("offscreen has nothing", "offscreen", "", "", false, false, "offscreen", "x11",
+            { false, false, false, false });
     }
 
     void sessionAnswers()

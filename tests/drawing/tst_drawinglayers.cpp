@@ -53,9 +53,8 @@ public slots:
             { QStringLiteral("displayManager"), QStringLiteral("MockDisplayManager.qml") },
         };
         for (const auto &[name, file] : mocks) {
-            QQmlComponent component(
-                engine,
-                QUrl::fromLocalFile(QStringLiteral(QUICK_TEST_SOURCE_DIR "/mocks/") + file));
+            QQmlComponent component(engine,
+                                    QUrl::fromLocalFile(QStringLiteral(MOCKS_DIR "/") + file));
             QObject *object = component.create();
             if (!object)
                 qFatal("DrawingLayersSetup: cannot create %s: %s", qPrintable(file),

@@ -82,64 +82,31 @@ void TestDrawingModel::history_data()
     QTest::addColumn<bool>("canRedo");
     QTest::addColumn<int>("signalsOfLast");
 
-    QTest::newRow("a new stroke after undo drops the redo branch") << "A B u"
-                                                                   << "C"
-                                                                   << "A C" << true << false << 1;
-    QTest::newRow("undo of a clear brings every stroke back") << "A B c"
-                                                              << "u"
-                                                              << "A B" << true << true << 1;
-    QTest::newRow("redo of a clear empties the list again") << "A c u"
-                                                            << "r"
-                                                            << "" << true << false << 1;
-    QTest::newRow("clear on an empty list keeps redo and is silent") << "A u"
-                                                                     << "c"
-                                                                     << "" << false << true << 0;
-    QTest::newRow("undo and redo walk several steps") << "A B C u u"
-                                                      << "r"
-                                                      << "A B" << true << true << 1;
-    QTest::newRow("undo with nothing to undo is silent") << ""
-                                                         << "u"
-                                                         << "" << false << false << 0;
-    QTest::newRow("redo with nothing to redo is silent") << "A"
-                                                         << "r"
-                                                         << "A" << true << false << 0;
-    QTest::newRow("disabling history drops both stacks, keeps strokes")
-        << "A B u"
-        << "off"
-        << "A" << false << false << 1;
-    QTest::newRow("a clear without history cannot be undone") << "A off c on"
-                                                              << "u"
-                                                              << "" << false << false << 0;
-    QTest::newRow("enabling again starts an empty history") << "A off"
-                                                            << "on"
-                                                            << "A" << false << false << 1;
-    QTest::newRow("strokes without history take no snapshot") << "off A B on"
-                                                              << "u"
-                                                              << "A B" << false << false << 0;
-    QTest::newRow("cancel changes nothing and is silent") << "A bB p"
-                                                          << "k"
-                                                          << "A" << true << false << 0;
-    QTest::newRow("end after cancel does nothing") << "A bB p k"
-                                                   << "e"
-                                                   << "A" << true << false << 0;
-    QTest::newRow("append while idle is ignored") << ""
-                                                  << "p"
-                                                  << "" << false << false << 0;
-    QTest::newRow("end while idle is ignored") << "A"
-                                               << "e"
-                                               << "A" << true << false << 0;
-    QTest::newRow("a second begin discards the first stroke") << "bA p bB p"
-                                                              << "e"
-                                                              << "B" << true << false << 1;
-    QTest::newRow("a click without a drag commits one step") << "bA"
-                                                             << "e"
-                                                             << "A" << true << false << 1;
-    QTest::newRow("undo during a stroke leaves the stroke going") << "A bB p u"
-                                                                  << "e"
-                                                                  << "B" << true << false << 1;
-    QTest::newRow("clear during a stroke leaves the stroke going") << "A bB p c"
-                                                                   << "e"
-                                                                   << "B" << true << false << 1;
+    // name, setup, last step, strokes after, can undo, can redo, signals of the last step
+    const auto row = [](const char *name, const char *setup, const char *last, const char *list,
+                        bool canUndo, bool canRedo, int signalCount) {
+        QTest::newRow(name) << QString(setup) << QString(last) << QString(list) << canUndo
+                            << canRedo << signalCount;
+    };
+    row("a new stroke after undo drops the redo branch", "A B u", "C", "A C", true, false, 1);
+    row("undo of a clear brings every stroke back", "A B c", "u", "A B", true, true, 1);
+    row("redo of a clear empties the list again", "A c u", "r", "", true, false, 1);
+    row("clear on an empty list keeps redo and is silent", "A u", "c", "", false, true, 0);
+    row("undo and redo walk several steps", "A B C u u", "r", "A B", true, true, 1);
+    row("undo with nothing to undo is silent", "", "u", "", false, false, 0);
+    row("redo with nothing to redo is silent", "A", "r", "A", true, false, 0);
+    row("disabling history drops both stacks, keeps strokes", "A B u", "off", "A", false, false, 1);
+    row("a clear without history cannot be undone", "A off c on", "u", "", false, false, 0);
+    row("enabling again starts an empty history", "A off", "on", "A", false, false, 1);
+    row("strokes without history take no snapshot", "off A B on", "u", "A B", false, false, 0);
+    row("cancel changes nothing and is silent", "A bB p", "k", "A", true, false, 0);
+    row("end after cancel does nothing", "A bB p k", "e", "A", true, false, 0);
+    row("append while idle is ignored", "", "p", "", false, false, 0);
+    row("end while idle is ignored", "A", "e", "A", true, false, 0);
+    row("a second begin discards the first stroke", "bA p bB p", "e", "B", true, false, 1);
+    row("a click without a drag commits one step", "bA", "e", "A", true, false, 1);
+    row("undo during a stroke leaves the stroke going", "A bB p u", "e", "B", true, false, 1);
+    row("clear during a stroke leaves the stroke going", "A bB p c", "e", "B", true, false, 1);
 }
 
 void TestDrawingModel::history()

@@ -53,31 +53,25 @@ void TestStrokeGeometry::smoothing_data()
     const Points four { { 0, 0 }, { 3, 3 }, { 6, 0 }, { 9, 9 } };
     const Points six { { 0, 0 }, { 6, 0 }, { 0, 6 }, { 12, 0 }, { 0, 12 }, { 30, 30 } };
 
+    // Radius 2 at index 1 and 2 of four points covers all four: one mean.
+    const Points fourAt3 { { 0, 0 }, { 4.5, 3 }, { 4.5, 3 }, { 9, 9 } };
+    // The level 3 window shrinks near both ends.
+    const Points sixAt3 { { 0, 0 },
+                          { 18.0 / 4, 6.0 / 4 },
+                          { 18.0 / 5, 18.0 / 5 },
+                          { 48.0 / 5, 48.0 / 5 },
+                          { 42.0 / 4, 48.0 / 4 },
+                          { 30, 30 } };
+    const Points three { { 0, 0 }, { 10, 10 }, { 20, 0 } };
     QTest::newRow("level 0 passes through") << four << 0 << four;
     QTest::newRow("level 1 passes through") << four << 1 << four;
-    QTest::newRow("three points are never filtered")
-        << Points { { 0, 0 }, { 10, 10 }, { 20, 0 } } << 3
-        << Points { { 0, 0 }, { 10, 10 }, { 20, 0 } };
+    QTest::newRow("negative level passes through") << six << -1 << six;
+    QTest::newRow("three points are never filtered") << three << 3 << three;
     QTest::newRow("level 2 averages three neighbours")
         << four << 2 << Points { { 0, 0 }, { 3, 1 }, { 6, 4 }, { 9, 9 } };
-    // Radius 2 at index 1 and 2 of four points covers all four: one mean.
-    QTest::newRow("level 3 on four points gives both inner points one mean")
-        << four << 3 << Points { { 0, 0 }, { 4.5, 3 }, { 4.5, 3 }, { 9, 9 } };
-    QTest::newRow("level 3 window shrinks near both ends") << six << 3
-                                                           << Points { { 0, 0 },
-                                                                       { 18.0 / 4, 6.0 / 4 },
-                                                                       { 18.0 / 5, 18.0 / 5 },
-                                                                       { 48.0 / 5, 48.0 / 5 },
-                                                                       { 42.0 / 4, 48.0 / 4 },
-                                                                       { 30, 30 } };
-    QTest::newRow("levels above 3 use the level 3 window") << six << 7
-                                                           << Points { { 0, 0 },
-                                                                       { 18.0 / 4, 6.0 / 4 },
-                                                                       { 18.0 / 5, 18.0 / 5 },
-                                                                       { 48.0 / 5, 48.0 / 5 },
-                                                                       { 42.0 / 4, 48.0 / 4 },
-                                                                       { 30, 30 } };
-    QTest::newRow("negative level passes through") << six << -1 << six;
+    QTest::newRow("level 3 on four points") << four << 3 << fourAt3;
+    QTest::newRow("level 3 on six points") << six << 3 << sixAt3;
+    QTest::newRow("levels above 3 use the level 3 window") << six << 7 << sixAt3;
 }
 
 void TestStrokeGeometry::smoothing()

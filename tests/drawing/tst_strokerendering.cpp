@@ -42,10 +42,8 @@ private slots:
     void exportKeepsLogicalCoordinatesAtScale();
     void eraserClearsOnlyWhatCameBefore_data();
     void eraserClearsOnlyWhatCameBefore();
-    void exportDisplayFilter_data();
-    void exportDisplayFilter();
-    void liveDisplayFilter_data();
-    void liveDisplayFilter();
+    void displayFilter_data();
+    void displayFilter();
     void widthsAndColours_data();
     void widthsAndColours();
     void arrowHeads_data();
@@ -169,60 +167,36 @@ void TestStrokeRendering::eraserClearsOnlyWhatCameBefore()
         QCOMPARE(countPainted(image, QRect(85, 0, 30, 40)), 0);
 }
 
-void TestStrokeRendering::exportDisplayFilter_data()
+void TestStrokeRendering::displayFilter_data()
 {
-    QTest::addColumn<QString>("strokeDisplay");
-    QTest::addColumn<QString>("requested");
-    QTest::addColumn<bool>("painted");
-
-    QTest::newRow("no id asked: every stroke") << "LEFT"
-                                               << "" << true;
-    QTest::newRow("stroke without id: every display") << ""
-                                                      << "RIGHT" << true;
-    QTest::newRow("same display") << "LEFT"
-                                  << "LEFT" << true;
-    QTest::newRow("other display left out") << "LEFT"
-                                            << "RIGHT" << false;
-}
-
-void TestStrokeRendering::exportDisplayFilter()
-{
-    QFETCH(QString, strokeDisplay);
-    QFETCH(QString, requested);
-    QFETCH(bool, painted);
-
-    DrawingModel model;
-    commitStroke(model, QStringLiteral("pen"), kHorizontal, QStringLiteral("#ff0000"), 6,
-                 strokeDisplay);
-    const QImage image = renderStrokesToImage(&model, kCanvas, 1.0, requested);
-    QCOMPARE(countPainted(image, image.rect()) > 0, painted);
-}
-
-void TestStrokeRendering::liveDisplayFilter_data()
-{
-    QTest::addColumn<QString>("itemDisplay");
+    QTest::addColumn<Variant>("variant");
+    QTest::addColumn<QString>("asked");
     QTest::addColumn<QString>("strokeDisplay");
     QTest::addColumn<bool>("mirror");
     QTest::addColumn<bool>("painted");
 
-    QTest::newRow("own display") << "LEFT"
-                                 << "LEFT" << false << true;
-    QTest::newRow("other display hidden") << "RIGHT"
-                                          << "LEFT" << false << false;
-    QTest::newRow("other display mirrored") << "RIGHT"
-                                            << "LEFT" << true << true;
-    QTest::newRow("stroke without id shows everywhere") << "RIGHT"
-                                                        << "" << false << true;
-    QTest::newRow("stroke without id shows when mirrored") << "RIGHT"
-                                                           << "" << true << true;
+    const auto row = [](const char *name, Variant variant, const char *asked, const char *stroke,
+                        bool mirror, bool painted) {
+        QTest::newRow(name) << variant << QString(asked) << QString(stroke) << mirror << painted;
+    };
+    const Variant live = Variant::Live;
+    const Variant out = Variant::Export;
+    row("export: no id asked gives every stroke", out, "", "LEFT", false, true);
+    row("export: stroke without id on every display", out, "RIGHT", "", false, true);
+    row("export: same display", out, "LEFT", "LEFT", false, true);
+    row("export: other display left out", out, "RIGHT", "LEFT", false, false);
+    row("live: own display", live, "LEFT", "LEFT", false, true);
+    row("live: other display hidden", live, "RIGHT", "LEFT", false, false);
+    row("live: other display mirrored", live, "RIGHT", "LEFT", true, true);
+    row("live: stroke without id shows everywhere", live, "RIGHT", "", false, true);
     // Unlike export, an item without an id is not a wildcard.
-    QTest::newRow("item without id hides identified strokes") << ""
-                                                              << "LEFT" << false << false;
+    row("live: item without id hides identified strokes", live, "", "LEFT", false, false);
 }
 
-void TestStrokeRendering::liveDisplayFilter()
+void TestStrokeRendering::displayFilter()
 {
-    QFETCH(QString, itemDisplay);
+    QFETCH(Variant, variant);
+    QFETCH(QString, asked);
     QFETCH(QString, strokeDisplay);
     QFETCH(bool, mirror);
     QFETCH(bool, painted);
@@ -230,9 +204,14 @@ void TestStrokeRendering::liveDisplayFilter()
     DrawingModel model;
     commitStroke(model, QStringLiteral("pen"), kHorizontal, QStringLiteral("#ff0000"), 6,
                  strokeDisplay);
+    if (variant == Variant::Export) {
+        const QImage image = renderStrokesToImage(&model, kCanvas, 1.0, asked);
+        QCOMPARE(countPainted(image, image.rect()) > 0, painted);
+        return;
+    }
     DrawingRendererItem item;
     item.setDrawingModel(&model);
-    item.setDisplayId(itemDisplay);
+    item.setDisplayId(asked);
     item.setMirrorAnnotations(mirror);
     const QImage image = paintItem(item, kCanvas);
     QCOMPARE(countPainted(image, image.rect()) > 0, painted);
@@ -254,31 +233,27 @@ void TestStrokeRendering::widthsAndColours_data()
     QTest::addColumn<int>("thickness");
     QTest::addColumn<QColor>("centre");
 
-    const QColor translucentBlue = QColor::fromRgbF(0, 0, 1, 0.38);
-    QTest::newRow("live highlighter at 2 is 14")
-        << Variant::Live << "highlighter" << 2 << "#0000ff" << 14 << translucentBlue;
-    QTest::newRow("export highlighter at 2 is 14")
-        << Variant::Export << "highlighter" << 2 << "#0000ff" << 14 << translucentBlue;
-    QTest::newRow("live highlighter at 4 is 20")
-        << Variant::Live << "highlighter" << 4 << "#0000ff" << 20 << translucentBlue;
-    QTest::newRow("export highlighter at 4 stays 14")
-        << Variant::Export << "highlighter" << 4 << "#0000ff" << 14 << translucentBlue;
-    QTest::newRow("export highlighter at 6 is 18")
-        << Variant::Export << "highlighter" << 6 << "#0000ff" << 18 << translucentBlue;
-    QTest::newRow("highlighter replaces the colour's own alpha")
-        << Variant::Live << "highlighter" << 4 << "#200000ff" << 20 << translucentBlue;
-    QTest::newRow("live width 0 takes the default width")
-        << Variant::Live << "pen" << 0 << "#0000ff" << 10 << QColor(Qt::blue);
-    QTest::newRow("export width 0 is 6")
-        << Variant::Export << "pen" << 0 << "#0000ff" << 6 << QColor(Qt::blue);
-    QTest::newRow("live empty colour is the default colour")
-        << Variant::Live << "pen" << 4 << "" << 4 << QColor(Qt::green);
-    QTest::newRow("export empty colour is red")
-        << Variant::Export << "pen" << 4 << "" << 4 << QColor(Qt::red);
-    QTest::newRow("empty tool paints as pen")
-        << Variant::Export << "" << 8 << "#0000ff" << 8 << QColor(Qt::blue);
-    QTest::newRow("unknown tool paints as pen")
-        << Variant::Live << "crayon" << 8 << "#0000ff" << 8 << QColor(Qt::blue);
+    const auto row = [](const char *name, Variant variant, const char *tool, int width,
+                        const char *color, int thickness, QColor centre) {
+        QTest::newRow(name) << variant << QString(tool) << width << QString(color) << thickness
+                            << centre;
+    };
+    const Variant live = Variant::Live;
+    const Variant out = Variant::Export;
+    const QColor blue(Qt::blue);
+    const QColor glass = QColor::fromRgbF(0, 0, 1, 0.38);
+    row("live highlighter at 2 is 14", live, "highlighter", 2, "#0000ff", 14, glass);
+    row("export highlighter at 2 is 14", out, "highlighter", 2, "#0000ff", 14, glass);
+    row("live highlighter at 4 is 20", live, "highlighter", 4, "#0000ff", 20, glass);
+    row("export highlighter at 4 stays 14", out, "highlighter", 4, "#0000ff", 14, glass);
+    row("export highlighter at 6 is 18", out, "highlighter", 6, "#0000ff", 18, glass);
+    row("highlighter replaces the colour's alpha", live, "highlighter", 4, "#200000ff", 20, glass);
+    row("live width 0 takes the default width", live, "pen", 0, "#0000ff", 10, blue);
+    row("export width 0 is 6", out, "pen", 0, "#0000ff", 6, blue);
+    row("live empty colour is the default colour", live, "pen", 4, "", 4, QColor(Qt::green));
+    row("export empty colour is red", out, "pen", 4, "", 4, QColor(Qt::red));
+    row("empty tool paints as pen", out, "", 8, "#0000ff", 8, blue);
+    row("unknown tool paints as pen", live, "crayon", 8, "#0000ff", 8, blue);
 }
 
 void TestStrokeRendering::widthsAndColours()
@@ -311,12 +286,10 @@ void TestStrokeRendering::arrowHeads_data()
     QTest::addColumn<bool>("exportPainted");
 
     // Arrow from (20, 50) to (180, 50).
-    QTest::newRow("thin: live head is filled between the wings")
-        << 2 << QPoint(170, 47) << true << false;
-    QTest::newRow("wide: live head grows with width, export stays 15")
+    QTest::newRow("thin: live head is filled") << 2 << QPoint(170, 47) << true << false;
+    QTest::newRow("wide: live head grows, export's stays")
         << 10 << QPoint(150, 60) << true << false;
-    QTest::newRow("export wing ends sharp where the live head is rounded")
-        << 2 << QPoint(168, 57) << false << true;
+    QTest::newRow("export wing ends sharp, live is round") << 2 << QPoint(168, 57) << false << true;
     QTest::newRow("shaft on both") << 4 << QPoint(60, 50) << true << true;
 }
 

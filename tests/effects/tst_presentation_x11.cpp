@@ -17,9 +17,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <cstdlib>
 #include <memory>
-#include <xcb/xcb.h>
 
 namespace {
 
@@ -30,52 +28,6 @@ QScreen *screenNamed(const QString &name)
             return screen;
     }
     return nullptr;
-}
-
-// One pixel of the root window as composited on the server, at global
-// coordinates: a screen's grab would take them relative to the first monitor.
-QRgb rootPixel(const QPoint &global)
-{
-    xcb_connection_t *connection =
-        qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
-    std::unique_ptr<xcb_get_image_reply_t, decltype(&std::free)> reply(
-        xcb_get_image_reply(connection,
-                            xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, root,
-                                          int16_t(global.x()), int16_t(global.y()), 1, 1, ~0u),
-                            nullptr),
-        &std::free);
-    if (!reply || xcb_get_image_data_length(reply.get()) < 4)
-        return 0;
-    // Depth 24 in 32-bit little-endian pixels: blue, green, red, pad.
-    const uint8_t *bytes = xcb_get_image_data(reply.get());
-    return qRgb(bytes[2], bytes[1], bytes[0]);
-}
-
-int greyAt(const QPoint &global)
-{
-    return qGray(rootPixel(global));
-}
-
-// The grey level once the screen has stopped changing there: windows of an
-// earlier test may still be leaving the compositor's picture.
-int settledGreyAt(const QPoint &global)
-{
-    int previous = greyAt(global);
-    for (int stable = 0, tries = 0; stable < 3 && tries < 50; ++tries) {
-        QTest::qWait(50);
-        const int now = greyAt(global);
-        stable = now == previous ? stable + 1 : 0;
-        previous = now;
-    }
-    return previous;
-}
-
-// The default left-click colour #F4A65A blended over grey.
-bool isOrange(const QPoint &global)
-{
-    const QRgb pixel = rootPixel(global);
-    return qRed(pixel) - qBlue(pixel) > 60;
 }
 
 QPoint centreOf(const QQuickItem *item)
@@ -231,6 +183,29 @@ private slots:
     }
 
 private:
+    int greyAt(const QPoint &global) { return qGray(m_user.rootPixel(global)); }
+
+    // The grey level once the screen has stopped changing there: windows of an
+    // earlier test may still be leaving the compositor's picture.
+    int settledGreyAt(const QPoint &global)
+    {
+        int previous = greyAt(global);
+        for (int stable = 0, tries = 0; stable < 3 && tries < 50; ++tries) {
+            QTest::qWait(50);
+            const int now = greyAt(global);
+            stable = now == previous ? stable + 1 : 0;
+            previous = now;
+        }
+        return previous;
+    }
+
+    // The default left-click colour #F4A65A blended over grey.
+    bool isOrange(const QPoint &global)
+    {
+        const QRgb pixel = m_user.rootPixel(global);
+        return qRed(pixel) - qBlue(pixel) > 60;
+    }
+
     // Moves, lets the 16 ms poll see the pointer there, then clicks.
     void clickAt(const QPoint &global)
     {

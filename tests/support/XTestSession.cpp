@@ -122,6 +122,20 @@ QList<uint32_t> XTestSession::atomProperty(uint32_t window, const char *name)
     return atoms;
 }
 
+uint32_t XTestSession::rootPixel(QPoint global)
+{
+    const auto reply =
+        wrap(xcb_get_image_reply(m_connection,
+                                 xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, m_root,
+                                               int16_t(global.x()), int16_t(global.y()), 1, 1, ~0u),
+                                 nullptr));
+    if (!reply || xcb_get_image_data_length(reply.get()) < 4)
+        return 0;
+    // Depth 24 in 32-bit little-endian pixels: blue, green, red, pad.
+    const uint8_t *bytes = xcb_get_image_data(reply.get());
+    return uint32_t(bytes[2]) << 16 | uint32_t(bytes[1]) << 8 | bytes[0];
+}
+
 int XTestSession::inputRectangleCount(uint32_t window)
 {
     auto reply = wrap(xcb_shape_get_rectangles_reply(

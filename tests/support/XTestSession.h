@@ -34,6 +34,9 @@ public:
     QList<uint32_t> atomProperty(uint32_t window, const char *name);
     uint32_t atom(const char *name);
 
+    // The composited colour at a global point as 0xRRGGBB.
+    uint32_t rootPixel(QPoint global);
+
     // Rectangles of the window's input region: none when it lets the mouse through.
     int inputRectangleCount(uint32_t window);
 

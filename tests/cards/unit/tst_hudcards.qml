@@ -129,21 +129,9 @@ TestCase {
         compare(button.isOpen, !data.pinned);
     }
 
-    function test_holdingTheHelpButtonPeeks() {
+    function test_onboardingAbsentAfterFirstRun() {
         createHud(true);
-        settingsManager.overlayControlsAlwaysVisible = true;
-        hud.shortcutPinned = false;
-        const button = findChild(hud.contentItem, "helpBtn");
-        const cardItem = findChild(hud.contentItem, "shortcutCard");
-        tryCompare(button, "opacity", 1, 2000);
-        mousePress(button);
-        tryCompare(cardItem, "visible", true, 1000);
-        mouseRelease(button);
-        verify(!cardItem.visible);
-        verify(!hud.shortcutPinned);
-        mouseClick(button);
-        verify(hud.shortcutPinned);
-        verify(cardItem.visible);
+        verify(!findChild(hud.contentItem, "onboarding").visible);
     }
 
     function test_onboardingAtFirstStart() {
@@ -158,11 +146,6 @@ TestCase {
         verify(settingsManager.firstRunDone);
         verify(!onboarding.visible);
         verify(!appController.modalActive);
-    }
-
-    function test_onboardingAbsentAfterFirstRun() {
-        createHud(true);
-        verify(!findChild(hud.contentItem, "onboarding").visible);
     }
 
     function test_quitRequestOpensTheDialog_data() {
@@ -187,19 +170,5 @@ TestCase {
         compare(appController.quitConfirmations, data.quits);
         compare(dialog.visible, data.open);
         compare(appController.modalActive, data.open);
-    }
-
-    function test_quitDialogReopensUnticked() {
-        createHud(true);
-        const dialog = findChild(hud.contentItem, "quitDialog");
-        appController.quitRequested();
-        mouseClick(findChild(dialog, "quitCheckRow"));
-        verify(dialog.dontAskAgain);
-        mouseClick(findChild(dialog, "quitCancelButton"));
-        verify(!dialog.visible);
-        appController.quitRequested();
-        verify(!dialog.dontAskAgain);
-        mouseClick(findChild(dialog, "quitConfirmButton"));
-        compare(appController.quitConfirmations, [false]);
     }
 }

@@ -1,7 +1,7 @@
 import QtQuick
 
-// Stand-in for AppController: the state the chrome reads, the rectangles it
-// writes, and call counters for the commands it sends.
+// Stand-in for AppController: the state the chrome and the drawing layers
+// read, the rectangles they write, and a record of the commands they send.
 QtObject {
     id: root
 
@@ -25,10 +25,13 @@ QtObject {
     property int hideSettingsCalls: 0
     property bool overlayEnabled: true
     property string currentTool: "cursor"
+    property string currentPenColor: "#FF5252"
     property bool modalActive: false
     property int toggleOverlayCalls: 0
     // The arguments of each confirmAndQuit call.
     property var quitConfirmations: []
+    // The commands the drawing layers' context menu sent, in order.
+    property var calls: []
 
     signal mouseClicked(point pos, int buttons)
     signal quitRequested()
@@ -37,7 +40,16 @@ QtObject {
         return root.cursor;
     }
 
+    function setTool(tool: string) {
+        root.calls = root.calls.concat(["setTool:" + tool]);
+    }
+
+    function showSettings() {
+        root.calls = root.calls.concat(["showSettings"]);
+    }
+
     function toggleOverlay() {
+        root.calls = root.calls.concat(["toggleOverlay"]);
         root.toggleOverlayCalls += 1;
         root.overlayEnabled = !root.overlayEnabled;
     }

@@ -11,6 +11,13 @@ QtObject {
     property int rippleSize: 48
     property int rippleDuration: 550
     property string leftClickColor: "#F4A65A"
+    property string rightClickColor: "#5DA8F0"
+    property string middleClickColor: "#5EC27A"
+    property bool clickRippleEnabled: true
+    property int brushSize: 4
+    property int strokeSmoothing: 2
+    property bool undoRedoEnabled: true
+    property bool mirrorAnnotationsAcrossDisplays: false
     property bool overlayControlsAlwaysVisible: false
     property int keystrokePosition: 1
     property bool firstRunDone: true

@@ -29,11 +29,8 @@ TestCase {
     function test_px_data() {
         return [
             { tag: "13 at 1.2 rounds 15.6 up", scale: 1.2, value: 13, expected: 16 },
-            { tag: "10 at 1.2 is 12", scale: 1.2, value: 10, expected: 12 },
             { tag: "11 at 1.2 rounds 13.2 down", scale: 1.2, value: 11, expected: 13 },
-            { tag: "13 at 1.5 rounds 19.5 up", scale: 1.5, value: 13, expected: 20 },
             { tag: "7 at 1.5 rounds 10.5 up", scale: 1.5, value: 7, expected: 11 },
-            { tag: "28 at 1.5 is 42", scale: 1.5, value: 28, expected: 42 },
             { tag: "0.4 at 0.9 rounds to 0", scale: 0.9, value: 0.4, expected: 0 },
         ];
     }
@@ -46,8 +43,7 @@ TestCase {
 
     function test_tokensFollowScale_data() {
         return [
-            { tag: "fontSizeBody", base: 13 }, { tag: "toolbarButtonWidth", base: 32 },
-            { tag: "settingsWidth", base: 980 }, { tag: "keyCapMinHeight", base: 38 },
+            { tag: "fontSizeBody", base: 13 }, { tag: "settingsWidth", base: 980 },
         ];
     }
 

@@ -131,16 +131,6 @@ Item {
             compare(findChild(ripple, "dotFade").duration, data.fade);
         }
 
-        function test_labelOpacityFollowsBrightestRing() {
-            settingsManager.rippleDuration = 600;
-            ripple.trigger(50, 50, "#FFFFFF", "M");
-            wait(150);
-            const label = findChild(ripple, "rippleLabel");
-            const rings = [1, 2, 3].map(i => findChild(ripple, "rippleRing" + i).opacity);
-            verify(label.opacity > 0);
-            compare(label.opacity, Math.max(...rings));
-        }
-
         function test_restsInvisible() {
             settingsManager.rippleDuration = 200;
             ripple.trigger(50, 50, "#FFFFFF", "L");

@@ -140,21 +140,6 @@ TestCase {
         compare(hud.controlsRevealByHover, !data.hides);
     }
 
-    function test_pointInRect_data() {
-        return [
-            { tag: "inside", px: 15, py: 15, rect: Qt.rect(10, 10, 20, 20), inside: true },
-            { tag: "top left corner is inside", px: 10, py: 10, rect: Qt.rect(10, 10, 20, 20), inside: true },
-            { tag: "bottom right corner is inside", px: 30, py: 30, rect: Qt.rect(10, 10, 20, 20), inside: true },
-            { tag: "just past the right edge", px: 30.5, py: 15, rect: Qt.rect(10, 10, 20, 20), inside: false },
-            { tag: "zero width holds nothing", px: 10, py: 10, rect: Qt.rect(10, 10, 0, 20), inside: false },
-            { tag: "zero rectangle holds the origin not", px: 0, py: 0, rect: Qt.rect(0, 0, 0, 0), inside: false },
-        ];
-    }
-
-    function test_pointInRect(data) {
-        compare(hud.pointInRect(Qt.point(data.px, data.py), data.rect), data.inside);
-    }
-
     function test_chromeRect_data() {
         return [
             { tag: "shown element goes out translated", chrome: true, itemVisible: true, expected: Qt.rect(1930, 60, 100, 30) },
