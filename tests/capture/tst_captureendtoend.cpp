@@ -1,10 +1,9 @@
+#include "ProgramHome.h"
+#include "XTestSession.h"
+
 #include <QDir>
-#include <QGuiApplication>
 #include <QImage>
 #include <QProcess>
-#include <QScreen>
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
@@ -21,15 +20,6 @@ QString run(const QString &program, const QStringList &arguments)
     return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
 }
 
-QRgb rootPixel(QPoint at)
-{
-    return QGuiApplication::primaryScreen()
-               ->grabWindow(0, at.x(), at.y(), 1, 1)
-               .toImage()
-               .pixel(0, 0)
-        & 0xffffff;
-}
-
 } // namespace
 
 // The whole road of a region screenshot through the real program: the hotkey,
@@ -43,38 +33,20 @@ private slots:
     void initTestCase()
     {
         QVERIFY(m_home.isValid());
-        const QString config = m_home.filePath(".config");
-        {
-            QSettings store(config + "/Orvelline/Glimmora.conf", QSettings::IniFormat);
-            store.setValue("general/firstRunDone", true);
-            store.setValue("capture/saveFolder", m_home.filePath("shots"));
-            store.setValue("capture/imageFormat", "PNG");
-            store.setValue("capture/copyToClipboard", false);
-        }
-
+        QVERIFY(m_user.isValid());
         m_pattern.start(QStringLiteral(PATTERN_WINDOW),
                         { QString::number(pattern.x()), QString::number(pattern.y()),
                           QString::number(pattern.width()), QString::number(pattern.height()),
                           "solid", QString::number(patternColour, 16) });
         QVERIFY(m_pattern.waitForReadyRead(5000));
-        QTRY_COMPARE_WITH_TIMEOUT(rootPixel(pattern.topLeft()), patternColour, 5000);
+        QTRY_COMPARE_WITH_TIMEOUT(m_user.rootPixel(pattern.topLeft()), patternColour, 5000);
 
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert("HOME", m_home.path());
-        env.insert("XDG_CONFIG_HOME", config);
-        env.insert("XDG_DATA_HOME", m_home.filePath(".local/share"));
-        m_program.setProcessEnvironment(env);
-        m_program.setProcessChannelMode(QProcess::ForwardedChannels);
-        m_program.start(QStringLiteral(GLIMMORA_BINARY));
-        QVERIFY(m_program.waitForStarted(5000));
-        // Ready once its windows are mapped; an early exit means another instance.
-        const QString pid = QString::number(m_program.processId());
+        const QByteArray capture = "[capture]\nsaveFolder=" + m_home.filePath("shots").toUtf8()
+            + "\nimageFormat=PNG\ncopyToClipboard=false\n";
+        QVERIFY(m_home.start(m_program, capture));
         QTRY_VERIFY2_WITH_TIMEOUT(
-            m_program.state() == QProcess::NotRunning
-                || !run("xdotool", { "search", "--onlyvisible", "--pid", pid }).isEmpty(),
-            "the program showed no window", 15000);
-        QVERIFY2(m_program.state() == QProcess::Running,
-                 "the program ended at start (is another instance running?)");
+            m_home.logLinesWith(QStringLiteral("Glimmora started.")) == 1,
+            qPrintable(QStringLiteral("no start in the log:\n") + m_home.log()), 30000);
         QTest::qWait(1000); // the QML scene finishes loading after the first map
     }
 
@@ -92,10 +64,10 @@ private slots:
     void regionByHotkeyAndDrag()
     {
         const QPoint background(1200, 800);
-        QCOMPARE(rootPixel(background), grey);
+        QCOMPARE(m_user.rootPixel(background), grey);
         run("xdotool", { "key", "ctrl+shift+a" });
         // The selection overlay dims the control display.
-        QTRY_VERIFY_WITH_TIMEOUT(qRed(rootPixel(background)) < 0x70, 5000);
+        QTRY_VERIFY_WITH_TIMEOUT(qRed(m_user.rootPixel(background)) < 0x70, 5000);
 
         run("xdotool",
             { "mousemove", "250", "150", "mousedown", "1", "mousemove", "500", "350", "mousemove",
@@ -112,11 +84,12 @@ private slots:
         QCOMPARE(image.pixel(inside + QPoint(399, 299)) & 0xffffff, patternColour);
         QCOMPARE(image.pixel(inside + QPoint(400, 299)) & 0xffffff, grey);
         // The overlay comes back undimmed after the capture.
-        QTRY_COMPARE_WITH_TIMEOUT(rootPixel(background), grey, 5000);
+        QTRY_COMPARE_WITH_TIMEOUT(m_user.rootPixel(background), grey, 5000);
     }
 
 private:
-    QTemporaryDir m_home;
+    ProgramHome m_home;
+    XTestSession m_user;
     QProcess m_pattern;
     QProcess m_program;
 };

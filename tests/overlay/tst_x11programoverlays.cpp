@@ -115,6 +115,9 @@ void tst_X11ProgramOverlays::penKeyDrawsAndTakesTheClicks()
     key("alt+3");
     QTRY_VERIFY(m_user.inputRectangleCount(overlay) > 0);
     focusClient();
+    // Settle after the tool change and the focus moves: a drag begun at once
+    // drew nothing in about one run in three, which is not yet explained.
+    QTest::qWait(500);
     const int before = m_client.pressCount();
 
     // A drag at mid-height, away from the toolbar and the cards, in the

@@ -20,7 +20,7 @@ ProgramHome::ProgramHome()
         m_valid = m_valid && QDir(m_dir.path()).mkpath(QString::fromLatin1(sub));
 }
 
-bool ProgramHome::start(QProcess &process) const
+bool ProgramHome::start(QProcess &process, const QByteArray &moreSettings) const
 {
     // Past the first start, and the quit shortcut quits without a dialog.
     // Written before each start: QSettings writes the group "general" as
@@ -29,7 +29,7 @@ bool ProgramHome::start(QProcess &process) const
     QFile config(m_dir.filePath(QStringLiteral("config/Orvelline/Glimmora.conf")));
     if (!config.open(QIODevice::WriteOnly))
         return false;
-    config.write("[gen%65ral]\nconfirmQuit=false\nfirstRunDone=true\n");
+    config.write("[gen%65ral]\nconfirmQuit=false\nfirstRunDone=true\n" + moreSettings);
     config.close();
 
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

@@ -12,8 +12,10 @@ public:
     ProgramHome();
 
     bool isValid() const { return m_valid; }
-    // Writes the settings afresh, then starts the program; false if it did not start.
-    bool start(QProcess &process) const;
+    QString filePath(const QString &name) const { return m_dir.filePath(name); }
+    // Writes the settings afresh, with `moreSettings` (INI lines) after the
+    // general group, then starts the program; false if it did not start.
+    bool start(QProcess &process, const QByteArray &moreSettings = {}) const;
     QString log() const;
     // Lines of the log that contain `text`.
     int logLinesWith(const QString &text) const;
