@@ -21,7 +21,9 @@ build_packages=(
 )
 test_packages=(
   tigervnc-standalone-server xcompmgr x11-xserver-utils x11-utils xdotool xclip
-  imagemagick ffmpeg dbus-x11 procps
+  imagemagick ffmpeg dbus-x11 procps xterm
+  openbox i3-wm xfwm4 mutter trayer i3lock ssh-askpass
+  g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev desktop-file-utils appstream
 )
 
 want=("${build_packages[@]}")
