@@ -30,10 +30,15 @@ bool VideoWriter::start(const QString &path, const CaptureSession &session, cons
         return false;
     }
     m_writing = true;
+    logStarted(path);
+    return true;
+}
+
+void VideoWriter::logStarted(const QString &path) const
+{
     qCInfo(lcRecording).noquote() << QLatin1String(logName()) + QLatin1String(": writer started")
                                   << "output" << path << "frameSize" << m_settings.frameSize
                                   << "fps" << m_settings.fps << "bitrate" << m_settings.bitrate;
-    return true;
 }
 
 bool VideoWriter::writeFrame(const CapturedFrame &frame, qint64 timestampMs)
@@ -47,7 +52,8 @@ bool VideoWriter::writeFrame(const CapturedFrame &frame, qint64 timestampMs)
         return false;
     }
     if (frame.size != m_settings.frameSize) {
-        m_lastError = QStringLiteral("Frame size %1x%2 does not match recorder size %3x%4.")
+        m_lastError = QStringLiteral("%1 size %2x%3 does not match recorder size %4x%5.")
+                          .arg(QLatin1String(frameNoun()))
                           .arg(frame.size.width())
                           .arg(frame.size.height())
                           .arg(m_settings.frameSize.width())

@@ -38,6 +38,10 @@ protected:
     virtual int sizeAlignment() const { return 2; }
     // Class name that begins the log lines of this writer.
     virtual const char *logName() const = 0;
+    // What a frame is called in the size mismatch error.
+    virtual const char *frameNoun() const { return "Frame"; }
+    // The info line once the sink has started.
+    virtual void logStarted(const QString &path) const;
 
     // Opens the sink. A failure may leave a half-built sink for closeSink.
     virtual bool openSink(const QString &path, const CaptureSession &session,

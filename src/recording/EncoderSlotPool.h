@@ -12,7 +12,8 @@
 // buffer lives on with whoever still holds it). When every matching slot is
 // still held by the encoder, a temporary buffer outside the pool keeps the
 // recording going, with a warning at most three times and then every 30th.
-// `busy` tells whether anyone besides the pool holds a slot's buffer.
+// `busy` tells whether anyone besides the pool holds a slot's buffer; the
+// two log lines are the owner's, beginning with its class name.
 template<typename Slot, typename Desc>
 class EncoderSlotPool
 {
@@ -23,8 +24,14 @@ public:
     using Allocate = std::function<Slot(const Desc &)>;
     using Busy = std::function<bool(const Slot &)>;
 
-    EncoderSlotPool(QString owner, Allocate allocate, Busy busy)
-        : m_owner(std::move(owner))
+    struct LogTexts
+    {
+        QString allocated; // info, followed by the slot and the description
+        QString busy; // warning, followed by the counts
+    };
+
+    EncoderSlotPool(LogTexts texts, Allocate allocate, Busy busy)
+        : m_texts(std::move(texts))
         , m_allocate(std::move(allocate))
         , m_busy(std::move(busy))
     {
@@ -49,9 +56,7 @@ public:
                 }
                 entry.desc = wanted;
                 ++m_poolAllocations;
-                qCInfo(lcRecording).noquote()
-                    << m_owner + QLatin1String(": allocated encoder buffer") << "slot" << index
-                    << "desc" << wanted;
+                qCInfo(lcRecording).noquote() << m_texts.allocated << "slot" << index << wanted;
             }
             ++entry.uses;
             return entry.slot;
@@ -59,10 +64,8 @@ public:
         Slot temporary = m_allocate(wanted);
         ++m_temporaryAllocations;
         if (warnsAt(m_temporaryAllocations)) {
-            qCWarning(lcRecording).noquote()
-                << m_owner
-                    + QLatin1String(": encoder buffer pool is busy; allocated temporary buffer")
-                << "temporaryAllocations" << m_temporaryAllocations << "poolSize" << Size;
+            qCWarning(lcRecording).noquote() << m_texts.busy << "temporaryAllocations"
+                                             << m_temporaryAllocations << "poolSize" << Size;
         }
         return temporary;
     }
@@ -92,7 +95,7 @@ private:
         quint64 uses = 0;
     };
 
-    QString m_owner;
+    LogTexts m_texts;
     Allocate m_allocate;
     Busy m_busy;
     std::array<Entry, Size> m_entries {};

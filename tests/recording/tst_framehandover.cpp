@@ -53,7 +53,9 @@ private:
     static Pool makePool(int *allocations)
     {
         return Pool(
-            QStringLiteral("TestSource"),
+            { QStringLiteral("TestSource: allocated encoder buffer"),
+              QStringLiteral(
+                  "TestSource: encoder buffer pool is busy; allocated temporary buffer") },
             [allocations](const int &desc) {
                 ++*allocations;
                 return std::make_shared<int>(desc);

@@ -1,12 +1,14 @@
 #include "recording/FramePacer.h"
 #include "recording/H264Settings.h"
+#include "recording/HresultText.h"
 
 #include <QTest>
 
 #include <tuple>
 
 // Encoder settings, sample times and frame pacing: the arithmetic a recording
-// depends on for its size, its timeline and its drop counter.
+// depends on for its size, its timeline and its drop counter; and the error
+// texts of failed Windows calls.
 class TestRecordingRules : public QObject
 {
     Q_OBJECT
@@ -144,6 +146,39 @@ private slots:
         QCOMPARE(got, admitted);
         QTEST(pacer.droppedFrames(), "dropped");
         QTEST(pacer.skippedFrames(), "skipped");
+    }
+
+    void hresultTexts_data()
+    {
+        QTest::addColumn<quint32>("code");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<QString>("step");
+        QTest::addColumn<QString>("wrapped");
+        QTest::newRow("the system's message, trimmed")
+            << 0xc00d36b2u << "The request is invalid in the current state.\r\n"
+            << "IMFSinkWriter::Finalize failed: HRESULT 0xc00d36b2: The request is invalid in the "
+               "current state."
+            << "Failed to start Windows Graphics Capture: The request is invalid in the current "
+               "state.";
+        QTest::newRow("small codes are zero padded; no message gives the code instead")
+            << 0x5u << " \r\n"
+            << "IMFSinkWriter::Finalize failed: HRESULT 0x00000005: "
+            << "Failed to start Windows Graphics Capture (HRESULT 0x00000005)";
+        QTest::newRow("a message with a placeholder stays as it is")
+            << 0x80070057u << "%1 is wrong"
+            << "IMFSinkWriter::Finalize failed: HRESULT 0x80070057: %1 is wrong"
+            << "Failed to start Windows Graphics Capture: %1 is wrong";
+    }
+
+    void hresultTexts()
+    {
+        QFETCH(quint32, code);
+        QFETCH(QString, message);
+        QTEST(HresultText::stepFailed(QStringLiteral("IMFSinkWriter::Finalize"), code, message),
+              "step");
+        QTEST(HresultText::wrap(QStringLiteral("Failed to start Windows Graphics Capture"), code,
+                                message),
+              "wrapped");
     }
 
     void busyTickCountsAsDrop()

@@ -6,6 +6,11 @@
 
 #include <windows.h>
 
+// The style rule is written and tested with its own copy of these bits.
+static_assert(PassThroughStyle::Transparent == WS_EX_TRANSPARENT);
+static_assert(PassThroughStyle::Layered == WS_EX_LAYERED);
+static_assert(PassThroughStyle::Topmost == WS_EX_TOPMOST);
+
 std::unique_ptr<WindowPassThrough> WindowPassThrough::create()
 {
     return std::make_unique<WinWindowPassThrough>();
@@ -29,5 +34,5 @@ void WinWindowPassThrough::excludeFromCapture(QWindow *window)
     if (!window)
         return;
     if (const auto hwnd = reinterpret_cast<HWND>(window->winId()))
-        SetWindowDisplayAffinity(hwnd, 0x11 /* WDA_EXCLUDEFROMCAPTURE */);
+        SetWindowDisplayAffinity(hwnd, WDA_EXCLUDEFROMCAPTURE);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FrameSource.h"
+#include "platform/windows/WgcSession.h"
 #include "recording/EncoderSlotPool.h"
 #include "recording/FrameHandOver.h"
 
@@ -9,14 +10,13 @@
 #include <QSize>
 
 #include <d3d11.h>
-#include <winrt/Windows.Graphics.Capture.h>
-#include <winrt/Windows.Graphics.DirectX.Direct3D11.h>
-#include <winrt/base.h>
+#include <memory>
+#include <wrl/client.h>
 
-// Windows Graphics Capture source: a free-threaded frame pool on the monitor
-// of the rectangle; its callback thread feeds the hand-over, and a delivered
-// frame is a region copy into a pooled encoder texture that stays busy while
-// the encoder holds a reference to it. Frames never leave the GPU.
+// Windows Graphics Capture source: a session on the monitor of the rectangle
+// whose callback thread feeds the hand-over; a delivered frame is a region
+// copy into a pooled encoder texture that stays busy while the encoder holds
+// a reference to it. Frames never leave the GPU.
 class WindowsCapture : public FrameSource
 {
 public:
@@ -29,9 +29,6 @@ public:
     bool deliverFrame(const QRect &rect, const Consumer &consumer, QString *error) override;
     void stop() override;
 
-    // "%1: %2" with the system's message for `hr`, or "%1 (HRESULT 0x%2)".
-    static QString wrapHresult(const QString &what, HRESULT hr);
-
     struct TextureDesc
     {
         D3D11_TEXTURE2D_DESC desc {};
@@ -39,29 +36,31 @@ public:
     };
 
 private:
+    using Texture = Microsoft::WRL::ComPtr<ID3D11Texture2D>;
     struct Pending
     {
-        winrt::Windows::Graphics::Capture::Direct3D11CaptureFrame frame { nullptr };
-        winrt::com_ptr<ID3D11Texture2D> texture;
+        Texture texture;
         D3D11_TEXTURE2D_DESC desc {};
+        std::shared_ptr<void> frame; // keeps the frame pool's buffer
     };
-    using Texture = winrt::com_ptr<ID3D11Texture2D>;
+    using HandOver = FrameHandOver<Pending>;
 
     bool init(const QRect &rect, QString *error);
-    void
-    onFrameArrived(const winrt::Windows::Graphics::Capture::Direct3D11CaptureFramePool &sender);
+    bool ensureRunning(const QRect &rect, QString *error);
+    bool startCapture(const QRect &rect, QString *error);
+    bool copyForEncoder(const Pending &pending, Texture *target, QString *error);
+    // On the system's callback thread; reaches only the hand-over, which the
+    // callback co-owns so that a late callback never outlives it.
+    static void onFrameArrived(HandOver &handOver, WgcSession::Arrival &arrival);
 
-    winrt::com_ptr<ID3D11Device> m_device;
-    winrt::com_ptr<ID3D11DeviceContext> m_context;
-    winrt::Windows::Graphics::DirectX::Direct3D11::IDirect3DDevice m_winrtDevice { nullptr };
-    winrt::Windows::Graphics::Capture::GraphicsCaptureItem m_item { nullptr };
-    winrt::Windows::Graphics::Capture::Direct3D11CaptureFramePool m_framePool { nullptr };
-    winrt::Windows::Graphics::Capture::GraphicsCaptureSession m_session { nullptr };
-    winrt::event_token m_frameArrivedToken {};
+    Microsoft::WRL::ComPtr<ID3D11Device> m_device;
+    Microsoft::WRL::ComPtr<ID3D11DeviceContext> m_context;
+    WgcSession m_wgc;
     QRect m_captureRect;
     QSize m_recordFrameSize;
     HMONITOR m_monitor = nullptr;
-    FrameHandOver<Pending> m_handOver;
+    HRESULT m_allocationResult = S_OK;
+    std::shared_ptr<HandOver> m_handOver;
     EncoderSlotPool<Texture, TextureDesc> m_pool;
 };
 

@@ -9,6 +9,24 @@ std::unique_ptr<HotkeyBackend> HotkeyBackend::create()
     return std::make_unique<WindowsHotkeyBackend>();
 }
 
+// The neutral key codes and modifier bits are passed through unchanged.
+static_assert(KeyModifier::Alt == MOD_ALT && KeyModifier::Ctrl == MOD_CONTROL
+              && KeyModifier::Shift == MOD_SHIFT && KeyModifier::Win == MOD_WIN);
+static_assert(KeyCode::Backspace == VK_BACK && KeyCode::Tab == VK_TAB && KeyCode::Enter == VK_RETURN
+              && KeyCode::Escape == VK_ESCAPE && KeyCode::Space == VK_SPACE);
+static_assert(KeyCode::Shift == VK_SHIFT && KeyCode::Control == VK_CONTROL
+              && KeyCode::Alt == VK_MENU && KeyCode::LeftWin == VK_LWIN
+              && KeyCode::RightWin == VK_RWIN && KeyCode::LeftShift == VK_LSHIFT
+              && KeyCode::RightShift == VK_RSHIFT && KeyCode::LeftControl == VK_LCONTROL
+              && KeyCode::RightControl == VK_RCONTROL && KeyCode::LeftAlt == VK_LMENU
+              && KeyCode::RightAlt == VK_RMENU);
+static_assert(KeyCode::PageUp == VK_PRIOR && KeyCode::PageDown == VK_NEXT && KeyCode::End == VK_END
+              && KeyCode::Home == VK_HOME && KeyCode::Left == VK_LEFT && KeyCode::Up == VK_UP
+              && KeyCode::Right == VK_RIGHT && KeyCode::Down == VK_DOWN
+              && KeyCode::Insert == VK_INSERT && KeyCode::Delete == VK_DELETE);
+static_assert(KeyCode::F1 == VK_F1 && KeyCode::F24 == VK_F24 && KeyCode::Digit0 == '0'
+              && KeyCode::Digit9 == '9' && KeyCode::LetterA == 'A' && KeyCode::LetterZ == 'Z');
+
 namespace {
 
 // The hook's plain callback finds its object through this pointer.

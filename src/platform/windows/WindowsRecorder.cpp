@@ -1,21 +1,20 @@
 #include "platform/windows/WindowsRecorder.h"
 
+#include "platform/windows/WinErrorText.h"
 #include "recording/RecordingLog.h"
+
+#include <QDir>
 
 #include <codecapi.h>
 #include <d3d11.h>
 #include <mfapi.h>
+#include <mferror.h>
 #include <strmif.h>
 
-namespace {
+using Microsoft::WRL::ComPtr;
 
-QString failed(const char *label, HRESULT hr)
-{
-    return QStringLiteral("%1 failed: %2")
-        .arg(QLatin1String(label), WindowsRecorder::hresultText(hr));
-}
-
-} // namespace
+// GetStatistics is told the size of the structure it fills.
+static_assert(sizeof(MF_SINK_WRITER_STATISTICS) == 112);
 
 std::unique_ptr<VideoWriter> VideoWriter::create()
 {
@@ -27,16 +26,6 @@ WindowsRecorder::~WindowsRecorder()
     finish();
 }
 
-QString WindowsRecorder::hresultText(HRESULT hr)
-{
-    wchar_t buffer[512] = {};
-    const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
-                                        nullptr, DWORD(hr), 1033, buffer, 512, nullptr);
-    return QStringLiteral("HRESULT 0x%1: %2")
-        .arg(quint32(hr), 8, 16, QLatin1Char('0'))
-        .arg(QString::fromWCharArray(buffer, int(length)).trimmed());
-}
-
 bool WindowsRecorder::openSink(const QString &path, const CaptureSession &session,
                                const H264Settings &settings, QString *error)
 {
@@ -46,17 +35,19 @@ bool WindowsRecorder::openSink(const QString &path, const CaptureSession &sessio
         return false;
     }
     const auto fail = [error](const char *label, HRESULT result) {
-        *error = failed(label, result);
+        *error = WinErrorText::stepFailed(label, result);
         return false;
     };
     m_frameSize = settings.frameSize;
     m_firstFrameLogged = false;
+    // The container follows from the ".mp4" suffix.
+    const std::wstring nativePath = QDir::toNativeSeparators(path).toStdWString();
     HRESULT hr = MFStartup(MF_VERSION, MFSTARTUP_LITE);
     if (FAILED(hr))
         return fail("MFStartup", hr);
 
-    winrt::com_ptr<IMFAttributes> attributes;
-    if (FAILED(hr = MFCreateAttributes(attributes.put(), 4)))
+    ComPtr<IMFAttributes> attributes;
+    if (FAILED(hr = MFCreateAttributes(attributes.GetAddressOf(), 4)))
         return fail("MFCreateAttributes", hr);
     if (FAILED(hr = attributes->SetUINT32(MF_READWRITE_ENABLE_HARDWARE_TRANSFORMS, 1)))
         return fail("Set hardware transform attribute", hr);
@@ -64,20 +55,21 @@ bool WindowsRecorder::openSink(const QString &path, const CaptureSession &sessio
         return fail("Set low-latency attribute", hr);
     if (FAILED(hr = attributes->SetUINT32(MF_SINK_WRITER_DISABLE_THROTTLING, 1)))
         return fail("Set disable-throttling attribute", hr);
-    if (FAILED(hr = MFCreateDXGIDeviceManager(&m_resetToken, m_deviceManager.put())))
+    if (FAILED(hr = MFCreateDXGIDeviceManager(&m_resetToken,
+                                              m_deviceManager.ReleaseAndGetAddressOf())))
         return fail("MFCreateDXGIDeviceManager", hr);
     if (FAILED(hr = m_deviceManager->ResetDevice(device, m_resetToken)))
         return fail("IMFDXGIDeviceManager::ResetDevice", hr);
-    if (FAILED(hr = attributes->SetUnknown(MF_SINK_WRITER_D3D_MANAGER, m_deviceManager.get())))
+    if (FAILED(hr = attributes->SetUnknown(MF_SINK_WRITER_D3D_MANAGER, m_deviceManager.Get())))
         return fail("Set MF_SINK_WRITER_D3D_MANAGER", hr);
-    if (FAILED(hr = MFCreateSinkWriterFromURL(reinterpret_cast<LPCWSTR>(path.utf16()), nullptr,
-                                              attributes.get(), m_writer.put())))
+    if (FAILED(hr = MFCreateSinkWriterFromURL(nativePath.c_str(), nullptr, attributes.Get(),
+                                              m_writer.ReleaseAndGetAddressOf())))
         return fail("MFCreateSinkWriterFromURL", hr);
 
     const UINT32 width = UINT32(settings.frameSize.width());
     const UINT32 height = UINT32(settings.frameSize.height());
-    winrt::com_ptr<IMFMediaType> output;
-    if (FAILED(hr = MFCreateMediaType(output.put())))
+    ComPtr<IMFMediaType> output;
+    if (FAILED(hr = MFCreateMediaType(output.GetAddressOf())))
         return fail("MFCreateMediaType output", hr);
     output->SetGUID(MF_MT_MAJOR_TYPE, MFMediaType_Video);
     output->SetGUID(MF_MT_SUBTYPE, MFVideoFormat_H264);
@@ -85,23 +77,27 @@ bool WindowsRecorder::openSink(const QString &path, const CaptureSession &sessio
     output->SetUINT32(MF_MT_INTERLACE_MODE, MFVideoInterlace_Progressive);
     output->SetUINT32(MF_MT_MPEG2_PROFILE, UINT32(settings.profile));
     output->SetUINT32(MF_MT_MAX_KEYFRAME_SPACING, UINT32(settings.keyframeSpacing));
-    MFSetAttributeSize(output.get(), MF_MT_FRAME_SIZE, width, height);
-    MFSetAttributeRatio(output.get(), MF_MT_FRAME_RATE, UINT32(settings.fps), 1);
-    MFSetAttributeRatio(output.get(), MF_MT_PIXEL_ASPECT_RATIO, 1, 1);
-    if (FAILED(hr = m_writer->AddStream(output.get(), &m_streamIndex)))
+    MFSetAttributeSize(output.Get(), MF_MT_FRAME_SIZE, width, height);
+    MFSetAttributeRatio(output.Get(), MF_MT_FRAME_RATE, UINT32(settings.fps), 1);
+    MFSetAttributeRatio(output.Get(), MF_MT_PIXEL_ASPECT_RATIO, 1, 1);
+    if (FAILED(hr = m_writer->AddStream(output.Get(), &m_streamIndex)))
         return fail("IMFSinkWriter::AddStream H264", hr);
 
-    winrt::com_ptr<IMFMediaType> input;
-    if (FAILED(hr = MFCreateMediaType(input.put())))
+    ComPtr<IMFMediaType> input;
+    if (FAILED(hr = MFCreateMediaType(input.GetAddressOf())))
         return fail("MFCreateMediaType input", hr);
     input->SetGUID(MF_MT_MAJOR_TYPE, MFMediaType_Video);
     input->SetGUID(MF_MT_SUBTYPE, MFVideoFormat_ARGB32);
     input->SetUINT32(MF_MT_INTERLACE_MODE, MFVideoInterlace_Progressive);
-    MFSetAttributeSize(input.get(), MF_MT_FRAME_SIZE, width, height);
-    MFSetAttributeRatio(input.get(), MF_MT_FRAME_RATE, UINT32(settings.fps), 1);
-    MFSetAttributeRatio(input.get(), MF_MT_PIXEL_ASPECT_RATIO, 1, 1);
-    if (FAILED(hr = m_writer->SetInputMediaType(m_streamIndex, input.get(), nullptr)))
+    MFSetAttributeSize(input.Get(), MF_MT_FRAME_SIZE, width, height);
+    MFSetAttributeRatio(input.Get(), MF_MT_FRAME_RATE, UINT32(settings.fps), 1);
+    MFSetAttributeRatio(input.Get(), MF_MT_PIXEL_ASPECT_RATIO, 1, 1);
+    if (FAILED(hr = m_writer->SetInputMediaType(m_streamIndex, input.Get(), nullptr))) {
+        qCWarning(lcRecording) << "WindowsRecorder: the encoder refused the input type"
+                               << "frameSize" << settings.frameSize << "fps" << settings.fps
+                               << "d3dInput" << true;
         return fail("IMFSinkWriter::SetInputMediaType D3D ARGB32", hr);
+    }
 
     applyEncoderOptions(settings);
 
@@ -110,25 +106,36 @@ bool WindowsRecorder::openSink(const QString &path, const CaptureSession &sessio
     return true;
 }
 
+void WindowsRecorder::logStarted(const QString &path) const
+{
+    qCInfo(lcRecording) << "WindowsRecorder: Media Foundation writer started"
+                        << "output" << path << "frameSize" << settings().frameSize << "fps"
+                        << settings().fps << "bitrate" << settings().bitrate << "d3dInput" << true
+                        << "inputSubtype"
+                        << "ARGB32";
+}
+
 void WindowsRecorder::applyEncoderOptions(const H264Settings &settings)
 {
-    winrt::com_ptr<ICodecAPI> codec;
-    HRESULT hr = m_writer->GetServiceForStream(m_streamIndex, GUID_NULL, IID_PPV_ARGS(codec.put()));
+    ComPtr<ICodecAPI> codec;
+    HRESULT hr =
+        m_writer->GetServiceForStream(m_streamIndex, GUID_NULL, IID_PPV_ARGS(codec.GetAddressOf()));
     if (FAILED(hr)) {
-        qCDebug(lcRecording) << "WindowsRecorder: encoder ICodecAPI unavailable" << hresultText(hr);
+        qCDebug(lcRecording) << "WindowsRecorder: encoder ICodecAPI unavailable"
+                             << WinErrorText::describe(hr);
         return;
     }
     const auto apply = [&](const char *label, const GUID &property, VARIANT value) {
         HRESULT result = codec->IsSupported(&property);
         if (FAILED(result)) {
             qCDebug(lcRecording) << "WindowsRecorder: encoder option unsupported" << label
-                                 << hresultText(result);
+                                 << WinErrorText::describe(result);
             return;
         }
         result = codec->SetValue(&property, &value);
         if (FAILED(result)) {
             qCDebug(lcRecording) << "WindowsRecorder: encoder option rejected" << label
-                                 << hresultText(result);
+                                 << WinErrorText::describe(result);
             return;
         }
         qCDebug(lcRecording) << "WindowsRecorder: encoder option applied" << label;
@@ -173,29 +180,30 @@ bool WindowsRecorder::submitFrame(const CapturedFrame &frame, qint64 sampleTime,
         m_firstFrameLogged = true;
     }
     const auto fail = [error](const char *label, HRESULT result) {
-        *error = failed(label, result);
+        *error = WinErrorText::stepFailed(label, result);
         return false;
     };
     // The buffer holds its own reference to the texture until the encoder is
     // done with it, which is what keeps the capture pool's slot busy.
-    winrt::com_ptr<IMFMediaBuffer> buffer;
-    HRESULT hr =
-        MFCreateDXGISurfaceBuffer(__uuidof(ID3D11Texture2D), texture, 0, FALSE, buffer.put());
+    ComPtr<IMFMediaBuffer> buffer;
+    HRESULT hr = MFCreateDXGISurfaceBuffer(__uuidof(ID3D11Texture2D), texture, 0, FALSE,
+                                           buffer.GetAddressOf());
     if (FAILED(hr))
         return fail("MFCreateDXGISurfaceBuffer", hr);
     if (FAILED(hr = buffer->SetCurrentLength(DWORD(frame.size.width() * frame.size.height() * 4))))
         return fail("DXGI surface buffer SetCurrentLength", hr);
-    winrt::com_ptr<IMFSample> sample;
-    if (FAILED(hr = MFCreateSample(sample.put())))
+    ComPtr<IMFSample> sample;
+    if (FAILED(hr = MFCreateSample(sample.GetAddressOf())))
         return fail("MFCreateSample D3D", hr);
-    if (FAILED(hr = sample->AddBuffer(buffer.get())))
+    if (FAILED(hr = sample->AddBuffer(buffer.Get())))
         return fail("IMFSample::AddBuffer D3D", hr);
     sample->SetSampleTime(sampleTime);
     sample->SetSampleDuration(duration);
-    if (FAILED(hr = m_writer->WriteSample(m_streamIndex, sample.get()))) {
-        *error = failed("IMFSinkWriter::WriteSample D3D", hr);
+    if (FAILED(hr = m_writer->WriteSample(m_streamIndex, sample.Get()))) {
+        *error = WinErrorText::stepFailed("IMFSinkWriter::WriteSample D3D", hr);
         qCWarning(lcRecording) << "WindowsRecorder: WriteSample failed"
-                               << "timestampMs" << sampleTime / 10000;
+                               << "timestampMs" << sampleTime / 10000 << "submitted"
+                               << samplesSubmitted();
         return false;
     }
     return true;
@@ -224,7 +232,7 @@ bool WindowsRecorder::closeSink(bool opened, QString *error)
     m_writer = nullptr;
     m_deviceManager = nullptr;
     if (FAILED(hr)) {
-        *error = failed("IMFSinkWriter::Finalize", hr);
+        *error = WinErrorText::stepFailed("IMFSinkWriter::Finalize", hr);
         return false;
     }
     return true;

@@ -4,7 +4,7 @@
 
 #include <mfidl.h>
 #include <mfreadwrite.h>
-#include <winrt/base.h>
+#include <wrl/client.h>
 
 // H.264 in MP4 through the Media Foundation sink writer, fed with Direct3D 11
 // textures that stay on the GPU into the encoder. Encoder options are best
@@ -15,11 +15,10 @@ public:
     WindowsRecorder() = default;
     ~WindowsRecorder() override;
 
-    // "HRESULT 0x%1: %2" with the system's message.
-    static QString hresultText(HRESULT hr);
-
 protected:
     const char *logName() const override { return "WindowsRecorder"; }
+    const char *frameNoun() const override { return "D3D frame"; }
+    void logStarted(const QString &path) const override;
     bool openSink(const QString &path, const CaptureSession &session, const H264Settings &settings,
                   QString *error) override;
     bool submitFrame(const CapturedFrame &frame, qint64 sampleTime, qint64 duration,
@@ -29,8 +28,8 @@ protected:
 private:
     void applyEncoderOptions(const H264Settings &settings);
 
-    winrt::com_ptr<IMFSinkWriter> m_writer;
-    winrt::com_ptr<IMFDXGIDeviceManager> m_deviceManager;
+    Microsoft::WRL::ComPtr<IMFSinkWriter> m_writer;
+    Microsoft::WRL::ComPtr<IMFDXGIDeviceManager> m_deviceManager;
     DWORD m_streamIndex = 0;
     UINT m_resetToken = 0;
     QSize m_frameSize;
