@@ -1,15 +1,24 @@
 #include "app/LanguageLoader.h"
 
+#include <QCoreApplication>
+#include <QQmlEngine>
 #include <QTranslator>
 
 namespace LanguageLoader {
 
-bool load(QTranslator &translator, const QString &language)
+bool load(QTranslator &translator, const QString &language, const QString &base)
 {
     if (language.isEmpty() || language == QLatin1String("en"))
         return false;
-    return translator.load(QStringLiteral(":/translations/glimmora_") + language, QString(),
-                           QString(), QString());
+    return translator.load(base + language, QString(), QString(), QString());
+}
+
+void switchTo(QTranslator &translator, const QString &language, QQmlEngine &engine)
+{
+    QCoreApplication::removeTranslator(&translator);
+    if (load(translator, language))
+        QCoreApplication::installTranslator(&translator);
+    engine.retranslate();
 }
 
 } // namespace LanguageLoader

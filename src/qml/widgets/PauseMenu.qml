@@ -119,21 +119,21 @@ Rectangle {
 
         MenuRow {
             width: rows.width
-            label: appController.overlayEnabled ? "Pause overlay" : "Resume overlay"
+            label: appController.overlayEnabled ? qsTr("Pause overlay") : qsTr("Resume overlay")
             iconName: appController.overlayEnabled ? "pause.svg" : "play.svg"
             shortcut: root.shortcutFor("toggleOverlay")
             onActivated: root.run(function () { appController.toggleOverlay(); })
         }
         MenuRow {
             width: rows.width
-            label: AppTheme.isLinux ? "Preferences…" : "Settings…"
+            label: AppTheme.isLinux ? qsTr("Preferences…") : qsTr("Settings…")
             iconName: "settings.svg"
             shortcut: root.shortcutFor("openSettings")
             onActivated: root.run(function () { appController.showSettings(); })
         }
         MenuRow {
             width: rows.width
-            label: "About Glimmora"
+            label: qsTr("About Glimmora")
             iconName: "info.svg"
             onActivated: root.run(function () { appController.showSettings(); })
         }
@@ -150,7 +150,7 @@ Rectangle {
         }
         MenuRow {
             width: rows.width
-            label: "Quit Glimmora"
+            label: qsTr("Quit Glimmora")
             danger: true
             iconName: "power.svg"
             shortcut: root.shortcutFor("quit")
