@@ -13,12 +13,13 @@ bool load(QTranslator &translator, const QString &language, const QString &base)
     return translator.load(base + language, QString(), QString(), QString());
 }
 
-void switchTo(QTranslator &translator, const QString &language, QQmlEngine &engine)
+bool switchTo(QTranslator &translator, const QString &language, QQmlEngine &engine)
 {
     QCoreApplication::removeTranslator(&translator);
-    if (load(translator, language))
-        QCoreApplication::installTranslator(&translator);
+    const bool loaded =
+        load(translator, language) && QCoreApplication::installTranslator(&translator);
     engine.retranslate();
+    return loaded;
 }
 
 } // namespace LanguageLoader

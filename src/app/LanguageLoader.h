@@ -16,7 +16,7 @@ bool load(QTranslator &translator, const QString &language,
 
 // Takes the installed translation out, installs the one of `language` if it
 // loads, and evaluates every qsTr text of `engine` again, also when the new
-// language is English.
-void switchTo(QTranslator &translator, const QString &language, QQmlEngine &engine);
+// language is English. True when a translation is installed.
+bool switchTo(QTranslator &translator, const QString &language, QQmlEngine &engine);
 
 } // namespace LanguageLoader
