@@ -10,7 +10,9 @@ bool load(QTranslator &translator, const QString &language, const QString &base)
 {
     if (language.isEmpty() || language == QLatin1String("en"))
         return false;
-    return translator.load(base + language, QString(), QString(), QString());
+    // A file of nothing but the header loads, and would stand for a language.
+    return translator.load(base + language, QString(), QString(), QString())
+        && !translator.isEmpty();
 }
 
 bool switchTo(QTranslator &translator, const QString &language, QQmlEngine &engine)
