@@ -12,8 +12,9 @@
 
 namespace {
 // The menu's frame and separators in the rows' palette; the rows paint
-// themselves.
-const char *const menuStyle = "QMenu { background: #14171C; border: 1px solid #2A313C;"
+// themselves, in the overlay's bundled face (loaded later at start-up).
+const char *const menuStyle = "QWidget { font-family: Geist; }"
+                              "QMenu { background: #14171C; border: 1px solid #2A313C;"
                               " padding: 6px 0px; }"
                               "QMenu::separator { height: 1px; background: #2A313C;"
                               " margin: 5px 12px; }";
