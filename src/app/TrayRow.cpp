@@ -162,8 +162,3 @@ void TrayRow::mousePressEvent(QMouseEvent *event)
     event->accept();
     emit clicked();
 }
-
-void TrayRow::mouseReleaseEvent(QMouseEvent *event)
-{
-    event->accept();
-}

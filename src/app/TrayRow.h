@@ -31,8 +31,6 @@ protected:
     void enterEvent(QEnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
-    // Taken and ignored: a release the menu saw would close it.
-    void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
     void paintIcon(QPainter &painter, QPointF centre) const;

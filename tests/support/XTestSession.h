@@ -40,6 +40,10 @@ public:
     // Rectangles of the window's input region: none when it lets the mouse through.
     int inputRectangleCount(uint32_t window);
 
+    // The windows that take a click at a global point, from the top-level
+    // window down to the innermost one.
+    QList<uint32_t> windowsAt(QPoint global);
+
     // Mapped top-level windows whose _NET_WM_PID is pid, bottom to top.
     QList<uint32_t> mappedWindowsOf(qint64 pid);
 
