@@ -143,6 +143,13 @@ int XTestSession::inputRectangleCount(uint32_t window)
     return reply ? int(reply->rectangles_len) : -1;
 }
 
+uint32_t XTestSession::selectionOwner(const char *selection)
+{
+    auto reply = wrap(xcb_get_selection_owner_reply(
+        m_connection, xcb_get_selection_owner(m_connection, atom(selection)), nullptr));
+    return reply ? reply->owner : 0;
+}
+
 QList<uint32_t> XTestSession::windowsAt(QPoint global)
 {
     QList<uint32_t> chain;

@@ -33,6 +33,8 @@ public:
     uint32_t cardinalProperty(uint32_t window, const char *name);
     QList<uint32_t> atomProperty(uint32_t window, const char *name);
     uint32_t atom(const char *name);
+    // The window that owns a selection, 0 when nobody does.
+    uint32_t selectionOwner(const char *selection);
 
     // The composited colour at a global point as 0xRRGGBB.
     uint32_t rootPixel(QPoint global);
