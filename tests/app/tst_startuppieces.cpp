@@ -1,15 +1,20 @@
 #include "app/LanguageLoader.h"
 #include "app/LogFile.h"
 #include "app/SingleInstanceLock.h"
+#include "app/ThemeFonts.h"
 #include "platform/linux/LinuxSessionCapabilities.h"
 #include "settings/AvailableLanguages.h"
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFont>
+#include <QGlyphRun>
+#include <QGuiApplication>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextLayout>
 #include <QThread>
 #include <QTranslator>
 
@@ -198,6 +203,40 @@ private slots:
         QCOMPARE(translator.translate("ModeBadge", "Cursor"), QString());
     }
 
+    // Chinese, Japanese and Korean texts show as glyphs in each face of the
+    // theme, not as empty boxes: the bundled faces have no such glyphs.
+    void cjkTranslationsHaveGlyphs_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QString>("familyList");
+        ThemeFonts::addBundledFonts();
+        ThemeFonts::installFamilyLists();
+        for (const char *language : { "ja", "ko", "zh-CN" }) {
+            for (const QString &list : ThemeFonts::familyLists())
+                QTest::addRow("%s in %s", language, qPrintable(list)) << language << list;
+        }
+    }
+
+    void cjkTranslationsHaveGlyphs()
+    {
+        QFETCH(QString, language);
+        QFETCH(QString, familyList);
+        QTranslator translator;
+        QVERIFY(LanguageLoader::load(translator, language));
+        const QString text = translator.translate("OnboardingCard", "Welcome to Glimmora")
+            + translator.translate("ShortcutReferenceCard", "tap to toggle · hold to peek");
+        QTextLayout layout(text, QFont(familyList));
+        layout.beginLayout();
+        layout.createLine();
+        layout.endLayout();
+        const QList<QGlyphRun> runs = layout.glyphRuns();
+        QVERIFY(!runs.isEmpty());
+        for (const QGlyphRun &run : runs) {
+            const QList<quint32> glyphs = run.glyphIndexes();
+            QVERIFY2(!glyphs.contains(0u), qPrintable(run.rawFont().familyName()));
+        }
+    }
+
     void sessionAnswers_data()
     {
         QTest::addColumn<QString>("platform");
@@ -283,7 +322,7 @@ int main(int argc, char *argv[])
         }
         return 0;
     }
-    QCoreApplication app(argc, argv);
+    QGuiApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("Glimmora"));
     TestStartupPieces test;
     return QTest::qExec(&test, argc, argv);
