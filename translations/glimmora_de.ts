@@ -291,7 +291,7 @@
     </message>
     <message>
         <source>tap to toggle · hold to peek</source>
-        <translation>tippen: umschalten · halten: ansehen</translation>
+        <translation>kurz: an/aus · lang: ansehen</translation>
     </message>
     <message>
         <source>Quit with %1, the system tray menu, or long-press the pause button in the toolbar.</source>
