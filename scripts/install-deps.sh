@@ -10,7 +10,7 @@ build_packages=(
   build-essential cmake ninja-build pkg-config clang-format
   qt6-base-dev qt6-base-dev-tools qt6-declarative-dev qt6-declarative-dev-tools
   qt6-shadertools-dev qt6-shader-baker qt6-svg-dev qt6-tools-dev qt6-tools-dev-tools
-  qt6-image-formats-plugins libqt6opengl6-dev libgl-dev libglx-mesa0 libgl1-mesa-dri
+  qt6-image-formats-plugins qt6-l10n-tools libqt6opengl6-dev libgl-dev libglx-mesa0 libgl1-mesa-dri
   qml6-module-qtquick qml6-module-qtquick-controls qml6-module-qtquick-layouts
   qml6-module-qtquick-shapes qml6-module-qtquick-window qml6-module-qtquick-templates
   qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qttest
@@ -18,6 +18,8 @@ build_packages=(
   libxcb-randr0-dev libxcb-shm0-dev libxcb-composite0-dev libxcb-image0-dev libxkbcommon-dev libxkbcommon-x11-dev
   libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev gstreamer1.0-plugins-base
   gstreamer1.0-plugins-good gstreamer1.0-plugins-ugly gstreamer1.0-x
+  # Chinese, Japanese and Korean glyphs for the translated chrome.
+  fonts-wqy-microhei
 )
 test_packages=(
   tigervnc-standalone-server xcompmgr x11-xserver-utils x11-utils xdotool xclip

@@ -5,6 +5,7 @@
 #include "app/LogFile.h"
 #include "app/SingleInstanceLock.h"
 #include "app/ThemeFonts.h"
+#include "app/TrayManager.h"
 #include "capture/CaptureManager.h"
 #include "display/DisplayManager.h"
 #include "display/OverlayManager.h"
@@ -121,8 +122,11 @@ int runGlimmora(int argc, char *argv[])
     QObject::connect(&settings, &SettingsManager::undoRedoEnabledChanged, &drawingModel,
                      [&] { drawingModel.setUndoRedoEnabled(settings.undoRedoEnabled()); });
 
+    // Built before the controller and finished after it: the menu reads it.
+    TrayManager trayManager;
     AppController appController(&settings, &overlayManager, &drawingModel, &captureManager,
                                 &displayManager, &recordingManager);
+    trayManager.initialise(&appController, &settings, &displayManager);
 
     HotkeyManager hotkeyManager;
     wireHotkeys(hotkeyManager, settings, appController, drawingModel);
@@ -157,11 +161,7 @@ int runGlimmora(int argc, char *argv[])
     // Connected only now: the switch retranslates the engine.
     QObject::connect(&settings, &SettingsManager::languageChanged, &engine,
                      [&translator, &settings, &engine] {
-                         QCoreApplication::removeTranslator(&translator);
-                         if (LanguageLoader::load(translator, settings.language()))
-                             QCoreApplication::installTranslator(&translator);
-                         // Also when back to English, so every qsTr binding refreshes.
-                         engine.retranslate();
+                         LanguageLoader::switchTo(translator, settings.language(), engine);
                      });
 
     if (engine.rootObjects().isEmpty()) {

@@ -31,15 +31,21 @@ int addBundledFonts()
     return added;
 }
 
+QStringList familyLists()
+{
+    return {
+        QStringLiteral("SF Pro Text, SF Pro Display, Geist, -apple-system"),
+        QStringLiteral(
+            "Geist, Segoe UI Variable, Inter, Noto Sans, WenQuanYi Micro Hei, sans-serif"),
+        QStringLiteral("SF Mono, Menlo, JetBrains Mono, monospace"),
+        QStringLiteral(
+            "JetBrains Mono, Cascadia Mono, Source Code Pro, WenQuanYi Micro Hei Mono, monospace"),
+    };
+}
+
 void installFamilyLists()
 {
-    // The same texts as fontFamily and monoFamily in AppTheme.qml.
-    const QStringList lists {
-        QStringLiteral("SF Pro Text, SF Pro Display, Geist, -apple-system"),
-        QStringLiteral("Geist, Segoe UI Variable, Inter, Noto Sans, sans-serif"),
-        QStringLiteral("SF Mono, Menlo, JetBrains Mono, monospace"),
-        QStringLiteral("JetBrains Mono, Cascadia Mono, Source Code Pro, monospace"),
-    };
+    const QStringList lists = familyLists();
     for (const QString &list : lists) {
         QStringList families = list.split(QLatin1Char(','));
         for (QString &family : families)

@@ -16,6 +16,11 @@ QStringList resourcePaths();
 // load is logged and skipped. Returns how many were added.
 int addBundledFonts();
 
+// The family lists of the theme, the same texts as fontFamily and monoFamily
+// in AppTheme.qml. Chinese, Japanese and Korean text falls back to the
+// WenQuanYi faces, which the set-up installs on Linux.
+QStringList familyLists();
+
 // Makes every family list of the theme resolve to its first available entry.
 void installFamilyLists();
 

@@ -40,10 +40,10 @@ QtObject {
 
     readonly property string fontFamily: root.isMacOS
                                          ? "SF Pro Text, SF Pro Display, Geist, -apple-system"
-                                         : "Geist, Segoe UI Variable, Inter, Noto Sans, sans-serif"
+                                         : "Geist, Segoe UI Variable, Inter, Noto Sans, WenQuanYi Micro Hei, sans-serif"
     readonly property string monoFamily: root.isMacOS
                                          ? "SF Mono, Menlo, JetBrains Mono, monospace"
-                                         : "JetBrains Mono, Cascadia Mono, Source Code Pro, monospace"
+                                         : "JetBrains Mono, Cascadia Mono, Source Code Pro, WenQuanYi Micro Hei Mono, monospace"
 
     readonly property int fontSizeBody: root.px(13)
     readonly property int fontSizeCaption: root.px(11)

@@ -1,14 +1,20 @@
 #include "app/LanguageLoader.h"
 #include "app/LogFile.h"
 #include "app/SingleInstanceLock.h"
+#include "app/ThemeFonts.h"
 #include "platform/linux/LinuxSessionCapabilities.h"
+#include "settings/AvailableLanguages.h"
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFont>
+#include <QGlyphRun>
+#include <QGuiApplication>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextLayout>
 #include <QThread>
 #include <QTranslator>
 
@@ -137,22 +143,98 @@ private slots:
         QVERIFY(!second.tryLock());
     }
 
+    // Each offered language loads exactly when it is marked supported; a
+    // code without a file stays English and says nothing.
     void languageLoading_data()
     {
         QTest::addColumn<QString>("language");
         QTest::addColumn<bool>("loaded");
-        QTest::newRow("English needs nothing") << "en" << false;
-        QTest::newRow("empty needs nothing") << "" << false;
-        QTest::newRow("a language without a file stays English") << "nl" << false;
+        for (const LanguageRow &row : availableLanguageRows)
+            QTest::newRow(row.code) << QString::fromUtf8(row.code)
+                                    << (row.supported && std::string_view(row.code) != "en");
+        QTest::newRow("empty") << "" << false;
+        QTest::newRow("unknown code") << "xx" << false;
     }
 
     void languageLoading()
     {
         QFETCH(QString, language);
         QFETCH(bool, loaded);
+        QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
         QTranslator translator;
         QCOMPARE(LanguageLoader::load(translator, language), loaded);
+        QCOMPARE(translator.isEmpty(), !loaded);
+        const QString cursor = translator.translate("ModeBadge", "Cursor");
+        QCOMPARE(cursor.isEmpty(), !loaded);
+        QVERIFY(cursor != QLatin1String("Cursor"));
+    }
+
+    // A damaged file replaces a good translation with none, never with a part.
+    void damagedTranslationLoadsNothing_data()
+    {
+        QTest::addColumn<QByteArray>("damage");
+        QFile file(QStringLiteral(":/translations/glimmora_de.qm"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray good = file.readAll();
+        QVERIFY(good.size() > 64);
+        QTest::newRow("cut in half") << good.left(good.size() / 2);
+        QTest::newRow("cut one byte short") << good.chopped(1);
+        QTest::newRow("magic number only") << good.left(16);
+        QByteArray badLength = good;
+        // The first block's length, just after the magic number and tag.
+        badLength[17] = char(0x7f);
+        QTest::newRow("block longer than the file") << badLength;
+        QTest::newRow("not a translation") << QByteArray("<TS version=\"2.1\"></TS>");
+    }
+
+    void damagedTranslationLoadsNothing()
+    {
+        QFETCH(QByteArray, damage);
+        QTemporaryDir dir;
+        QFile file(dir.filePath(QStringLiteral("glimmora_de.qm")));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(damage) == damage.size());
+        file.close();
+
+        QTranslator translator;
+        QVERIFY(LanguageLoader::load(translator, QStringLiteral("de")));
+        QVERIFY(!LanguageLoader::load(translator, QStringLiteral("de"),
+                                      dir.filePath(QStringLiteral("glimmora_"))));
         QVERIFY(translator.isEmpty());
+        QCOMPARE(translator.translate("ModeBadge", "Cursor"), QString());
+    }
+
+    // Chinese, Japanese and Korean texts show as glyphs in each face of the
+    // theme, not as empty boxes: the bundled faces have no such glyphs.
+    void cjkTranslationsHaveGlyphs_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QString>("familyList");
+        ThemeFonts::addBundledFonts();
+        ThemeFonts::installFamilyLists();
+        for (const char *language : { "ja", "ko", "zh-CN" }) {
+            for (const QString &list : ThemeFonts::familyLists())
+                QTest::addRow("%s in %s", language, qPrintable(list)) << language << list;
+        }
+    }
+
+    void cjkTranslationsHaveGlyphs()
+    {
+        QFETCH(QString, language);
+        QFETCH(QString, familyList);
+        QTranslator translator;
+        QVERIFY(LanguageLoader::load(translator, language));
+        const QString text = translator.translate("OnboardingCard", "Welcome to Glimmora")
+            + translator.translate("ShortcutReferenceCard", "tap to toggle · hold to peek");
+        QTextLayout layout(text, QFont(familyList));
+        layout.beginLayout();
+        layout.createLine();
+        layout.endLayout();
+        const QList<QGlyphRun> runs = layout.glyphRuns();
+        QVERIFY(!runs.isEmpty());
+        for (const QGlyphRun &run : runs) {
+            const QList<quint32> glyphs = run.glyphIndexes();
+            QVERIFY2(!glyphs.contains(0u), qPrintable(run.rawFont().familyName()));
+        }
     }
 
     void sessionAnswers_data()
@@ -240,7 +322,7 @@ int main(int argc, char *argv[])
         }
         return 0;
     }
-    QCoreApplication app(argc, argv);
+    QGuiApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("Glimmora"));
     TestStartupPieces test;
     return QTest::qExec(&test, argc, argv);

@@ -1,6 +1,7 @@
 #include "AssembledApp.h"
 
 #include "app/AppController.h"
+#include "app/LanguageLoader.h"
 #include "display/DisplayManager.h"
 #include "display/OverlayManager.h"
 #include "display/OverlayWindowManager.h"
@@ -8,6 +9,7 @@
 #include "platform/LoginEntry.h"
 #include "settings/SettingsManager.h"
 
+#include <QCoreApplication>
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
 #include <QQuickItem>
@@ -21,6 +23,8 @@ AssembledApp::AssembledApp()
 {
     m_controller = std::make_unique<AppController>(
         m_settings.get(), m_overlays.get(), m_drawing.get(), nullptr, m_displays.get(), nullptr);
+    if (LanguageLoader::load(m_translator, m_settings->language()))
+        QCoreApplication::installTranslator(&m_translator);
     m_engine = std::make_unique<QQmlApplicationEngine>();
     QQmlContext *context = m_engine->rootContext();
     const QVariant none = QVariant::fromValue<QObject *>(nullptr);
@@ -32,6 +36,9 @@ AssembledApp::AssembledApp()
          { "renderBackendManager", "macPermissions", "winAcrylic", "hotkeyManager" })
         context->setContextProperty(QString::fromLatin1(name), none);
     m_engine->load(QUrl(QStringLiteral("qrc:/qt/qml/GlimmoraApp/Main.qml")));
+    QObject::connect(m_settings.get(), &SettingsManager::languageChanged, m_engine.get(), [this] {
+        LanguageLoader::switchTo(m_translator, m_settings->language(), *m_engine);
+    });
     if (m_engine->rootObjects().isEmpty())
         return;
     m_main = qobject_cast<QQuickWindow *>(m_engine->rootObjects().constFirst());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QTranslator>
 
 #include <memory>
 
@@ -44,6 +45,8 @@ private:
     std::unique_ptr<OverlayManager> m_overlays;
     std::unique_ptr<DrawingModel> m_drawing;
     std::unique_ptr<AppController> m_controller;
+    // Follows the language setting, as at start-up.
+    QTranslator m_translator;
     std::unique_ptr<QQmlApplicationEngine> m_engine;
     QQuickWindow *m_main = nullptr;
     std::unique_ptr<OverlayWindowManager> m_windows;

@@ -143,6 +143,31 @@ int XTestSession::inputRectangleCount(uint32_t window)
     return reply ? int(reply->rectangles_len) : -1;
 }
 
+uint32_t XTestSession::selectionOwner(const char *selection)
+{
+    auto reply = wrap(xcb_get_selection_owner_reply(
+        m_connection, xcb_get_selection_owner(m_connection, atom(selection)), nullptr));
+    return reply ? reply->owner : 0;
+}
+
+QList<uint32_t> XTestSession::windowsAt(QPoint global)
+{
+    QList<uint32_t> chain;
+    xcb_window_t window = m_root;
+    for (;;) {
+        auto reply = wrap(xcb_translate_coordinates_reply(
+            m_connection,
+            xcb_translate_coordinates(m_connection, m_root, window,
+                                      static_cast<int16_t>(global.x()),
+                                      static_cast<int16_t>(global.y())),
+            nullptr));
+        if (!reply || reply->child == XCB_NONE)
+            return chain;
+        window = reply->child;
+        chain.append(window);
+    }
+}
+
 QList<uint32_t> XTestSession::mappedWindowsOf(qint64 pid)
 {
     QList<uint32_t> result;

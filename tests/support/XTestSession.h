@@ -33,12 +33,18 @@ public:
     uint32_t cardinalProperty(uint32_t window, const char *name);
     QList<uint32_t> atomProperty(uint32_t window, const char *name);
     uint32_t atom(const char *name);
+    // The window that owns a selection, 0 when nobody does.
+    uint32_t selectionOwner(const char *selection);
 
     // The composited colour at a global point as 0xRRGGBB.
     uint32_t rootPixel(QPoint global);
 
     // Rectangles of the window's input region: none when it lets the mouse through.
     int inputRectangleCount(uint32_t window);
+
+    // The windows that take a click at a global point, from the top-level
+    // window down to the innermost one.
+    QList<uint32_t> windowsAt(QPoint global);
 
     // Mapped top-level windows whose _NET_WM_PID is pid, bottom to top.
     QList<uint32_t> mappedWindowsOf(qint64 pid);

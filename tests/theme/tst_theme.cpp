@@ -1,14 +1,17 @@
+#include "app/LanguageLoader.h"
 #include "app/ThemeFonts.h"
 
 #include <QColor>
 #include <QGuiApplication>
 #include <QPalette>
 #include <QPixmap>
+#include <QPointer>
 #include <QQmlComponent>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QQuickStyle>
 #include <QScreen>
+#include <QTranslator>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
@@ -42,6 +45,12 @@ public:
             .pixelColor(0, 0);
     }
 
+    // Switches the translation as the program does; true when one is installed.
+    Q_INVOKABLE bool switchLanguage(const QString &code)
+    {
+        return m_engine && LanguageLoader::switchTo(m_translator, code, *m_engine);
+    }
+
 public slots:
     void applicationAvailable()
     {
@@ -69,7 +78,12 @@ public slots:
             engine->rootContext()->setContextProperty(name, object);
         }
         engine->rootContext()->setContextProperty(QStringLiteral("themeTest"), this);
+        m_engine = engine;
     }
+
+private:
+    QTranslator m_translator;
+    QPointer<QQmlEngine> m_engine;
 };
 
 QUICK_TEST_MAIN_WITH_SETUP(theme, ThemeTestSetup)

@@ -90,5 +90,5 @@ Item {
 
     ToolTip.visible: mouseArea.containsMouse && !root.menuOpen
     ToolTip.delay: 500
-    ToolTip.text: "Capture"
+    ToolTip.text: qsTr("Capture")
 }

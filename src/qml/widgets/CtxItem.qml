@@ -17,6 +17,9 @@ Item {
     readonly property bool hovered: mouseArea.containsMouse && !root.disabled
     readonly property bool hasIcon: root.iconSource !== ""
 
+    // What the row needs to show its label whole beside its shortcut.
+    implicitWidth: labelText.x + labelText.implicitWidth + AppTheme.px(8)
+                   + (root.shortcut !== "" ? shortcutText.implicitWidth + AppTheme.px(12) : AppTheme.px(4))
     width: parent ? parent.width : AppTheme.px(208)
     height: AppTheme.menuItemHeight
 

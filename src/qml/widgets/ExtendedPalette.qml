@@ -65,7 +65,7 @@ CtxMenu {
     }
 
     CtxItem {
-        label: "Custom colour..."
+        label: qsTr("Custom colour...")
         onTriggered: {
             root.close();
             appController.openColorDialog();

@@ -122,7 +122,7 @@ Item {
             ToolbarButton {
                 visible: root.magnifierAvailable
                 iconSrc: root.iconBase + "magnifier.svg"
-                toolTip: "Magnifier lens"
+                toolTip: qsTr("Magnifier lens")
                 active: appController.magnifierEnabled
                 onClicked: {
                     root.closeMenus();
@@ -133,13 +133,13 @@ Item {
             ToolbarButton {
                 objectName: "undoButton"
                 iconSrc: root.iconBase + "undo.svg"
-                toolTip: "Undo  %1".arg(root.shortcutLabel("undo"))
+                toolTip: qsTr("Undo  %1").arg(root.shortcutLabel("undo"))
                 tbEnabled: settingsManager.undoRedoEnabled && drawingModel && drawingModel.canUndo
                 onClicked: drawingModel.undoLastStroke()
             }
             ToolbarButton {
                 iconSrc: root.iconBase + "clear.svg"
-                toolTip: "Clear all  %1".arg(root.shortcutLabel("clear"))
+                toolTip: qsTr("Clear all  %1").arg(root.shortcutLabel("clear"))
                 onClicked: appController.clearDrawing()
             }
             ToolbarSeparator {}

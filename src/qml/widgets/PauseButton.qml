@@ -140,6 +140,6 @@ Item {
 
     ToolTip.visible: mouseArea.containsMouse && !mouseArea.pressed
     ToolTip.delay: 500
-    ToolTip.text: appController.overlayEnabled ? "Pause  %1 · hold for menu".arg(root.shortcutText)
-                                               : "Resume  %1".arg(root.shortcutText)
+    ToolTip.text: appController.overlayEnabled ? qsTr("Pause  %1 · hold for menu").arg(root.shortcutText)
+                                               : qsTr("Resume  %1").arg(root.shortcutText)
 }

@@ -29,6 +29,8 @@ Rectangle {
 
         signal activated()
 
+        implicitWidth: rowLabel.x + rowLabel.implicitWidth + AppTheme.px(16) + rowShortcut.implicitWidth
+                       + AppTheme.px(10)
         height: AppTheme.menuItemHeight
         radius: AppTheme.px(7)
         color: rowArea.containsMouse ? "#10FFFFFF" : "transparent"
@@ -50,6 +52,8 @@ Rectangle {
         }
 
         Text {
+            id: rowLabel
+
             x: row.iconName !== "" ? AppTheme.px(36) : AppTheme.px(10)
             anchors.verticalCenter: parent.verticalCenter
             text: row.label
@@ -59,6 +63,8 @@ Rectangle {
         }
 
         Text {
+            id: rowShortcut
+
             anchors.right: parent.right
             anchors.rightMargin: AppTheme.px(10)
             anchors.verticalCenter: parent.verticalCenter
@@ -77,7 +83,8 @@ Rectangle {
         }
     }
 
-    width: AppTheme.px(230)
+    // Wide enough for the longest label beside its shortcut, in any language.
+    width: Math.max(AppTheme.px(230), rows.widestRow + AppTheme.px(12))
     height: rows.implicitHeight + AppTheme.px(12)
     radius: AppTheme.px(12)
     color: "#F012151A"
@@ -114,26 +121,33 @@ Rectangle {
 
     Column {
         id: rows
+
+        readonly property real widestRow: Math.max(pauseRow.implicitWidth, settingsRow.implicitWidth,
+                                                    aboutRow.implicitWidth, quitRow.implicitWidth)
+
         anchors.fill: parent
         anchors.margins: AppTheme.px(6)
 
         MenuRow {
+            id: pauseRow
             width: rows.width
-            label: appController.overlayEnabled ? "Pause overlay" : "Resume overlay"
+            label: appController.overlayEnabled ? qsTr("Pause overlay") : qsTr("Resume overlay")
             iconName: appController.overlayEnabled ? "pause.svg" : "play.svg"
             shortcut: root.shortcutFor("toggleOverlay")
             onActivated: root.run(function () { appController.toggleOverlay(); })
         }
         MenuRow {
+            id: settingsRow
             width: rows.width
-            label: AppTheme.isLinux ? "Preferences…" : "Settings…"
+            label: AppTheme.isLinux ? qsTr("Preferences…") : qsTr("Settings…")
             iconName: "settings.svg"
             shortcut: root.shortcutFor("openSettings")
             onActivated: root.run(function () { appController.showSettings(); })
         }
         MenuRow {
+            id: aboutRow
             width: rows.width
-            label: "About Glimmora"
+            label: qsTr("About Glimmora")
             iconName: "info.svg"
             onActivated: root.run(function () { appController.showSettings(); })
         }
@@ -149,8 +163,9 @@ Rectangle {
             }
         }
         MenuRow {
+            id: quitRow
             width: rows.width
-            label: "Quit Glimmora"
+            label: qsTr("Quit Glimmora")
             danger: true
             iconName: "power.svg"
             shortcut: root.shortcutFor("quit")

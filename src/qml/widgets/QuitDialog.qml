@@ -95,6 +95,7 @@ Item {
     Rectangle {
         id: card
 
+        objectName: "quitCard"
         anchors.centerIn: parent
         width: AppTheme.px(380)
         height: content.implicitHeight + AppTheme.px(48)

@@ -76,7 +76,7 @@ Item {
         font.pixelSize: AppTheme.px(10)
         font.family: AppTheme.monoFamily
         font.weight: Font.DemiBold
-        text: root.initializing ? "Ready" + ".".repeat(root.readyDots) : root.recState === 1 ? "REC" : "PAUSE"
+        text: root.initializing ? qsTr("Ready") + ".".repeat(root.readyDots) : root.recState === 1 ? qsTr("REC") : qsTr("PAUSE")
         color: root.initializing ? AppTheme.accent : root.recState === 1 ? "#FF6A6A" : AppTheme.textDim
         opacity: root.recState === 2 ? 0.5 : 1.0
 
@@ -150,7 +150,7 @@ Item {
 
         ToolTip.visible: stopArea.containsMouse
         ToolTip.delay: 400
-        ToolTip.text: "Stop recording"
+        ToolTip.text: qsTr("Stop recording")
     }
 
     MenuChevron {
@@ -163,8 +163,8 @@ Item {
 
     ToolTip.visible: slotArea.containsMouse && !stopArea.containsMouse
     ToolTip.delay: 500
-    ToolTip.text: root.initializing ? "Starting recorder…"
-                                    : root.recState === 1 ? "Recording  ·  click to pause  ·  stop"
-                                                       : root.recState === 2 ? "Paused  ·  click to resume  ·  stop"
-                                                                          : "Record"
+    ToolTip.text: root.initializing ? qsTr("Starting recorder…")
+                                    : root.recState === 1 ? qsTr("Recording  ·  click to pause  ·  stop")
+                                                       : root.recState === 2 ? qsTr("Paused  ·  click to resume  ·  stop")
+                                                                          : qsTr("Record")
 }

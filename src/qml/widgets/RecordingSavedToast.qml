@@ -45,10 +45,10 @@ Rectangle {
         spacing: AppTheme.px(6)
 
         Text { text: "✓"; color: "#5FD87D"; font.pixelSize: AppTheme.px(11) }
-        Text { text: "Recording saved"; color: AppTheme.text; font.pixelSize: AppTheme.px(11); font.family: AppTheme.fontFamily }
+        Text { text: qsTr("Recording saved"); color: AppTheme.text; font.pixelSize: AppTheme.px(11); font.family: AppTheme.fontFamily }
         Text { text: "·"; color: AppTheme.textMute; font.pixelSize: AppTheme.px(11) }
         Text {
-            text: "Show in folder"
+            text: qsTr("Show in folder")
             color: AppTheme.accent
             font.pixelSize: AppTheme.px(11)
             font.family: AppTheme.fontFamily

@@ -167,9 +167,13 @@ Item {
             }
 
             Row {
+                id: hintRow
+
                 spacing: AppTheme.px(5)
 
                 Text {
+                    id: pressText
+
                     anchors.verticalCenter: parent.verticalCenter
                     text: qsTr("press")
                     color: AppTheme.textMute
@@ -178,6 +182,8 @@ Item {
                 }
 
                 Rectangle {
+                    id: hintKey
+
                     anchors.verticalCenter: parent.verticalCenter
                     width: AppTheme.px(18)
                     height: AppTheme.px(18)
@@ -195,8 +201,11 @@ Item {
                     }
                 }
 
+                // Wraps rather than running past the card in a longer language.
                 Text {
                     anchors.verticalCenter: parent.verticalCenter
+                    width: content.width - pressText.width - hintKey.width - 2 * hintRow.spacing
+                    wrapMode: Text.WordWrap
                     text: qsTr("tap to toggle · hold to peek")
                     color: AppTheme.textMute
                     font.family: AppTheme.monoFamily

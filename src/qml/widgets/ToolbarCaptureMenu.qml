@@ -12,7 +12,7 @@ ToolbarMenu {
 
     CtxItem {
         width: root.panelWidth - AppTheme.px(12)
-        label: "Rectangle snip"
+        label: qsTr("Rectangle snip")
         iconSource: root.iconBase + "snip-rectangle.svg"
         shortcut: root.shortcutLabel("captureRegion")
         onTriggered: {
@@ -22,13 +22,13 @@ ToolbarMenu {
     }
     CtxItem {
         width: root.panelWidth - AppTheme.px(12)
-        label: "Window snip"
+        label: qsTr("Window snip")
         iconSource: root.iconBase + "snip-window.svg"
         disabled: true
     }
     CtxItem {
         width: root.panelWidth - AppTheme.px(12)
-        label: "Full screen snip"
+        label: qsTr("Full screen snip")
         iconSource: root.iconBase + "snip-fullscreen.svg"
         shortcut: root.shortcutLabel("captureFullScreen")
         onTriggered: {

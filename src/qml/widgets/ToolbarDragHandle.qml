@@ -71,5 +71,5 @@ Item {
 
     ToolTip.visible: handleArea.containsMouse && !handleArea.pressed
     ToolTip.delay: 500
-    ToolTip.text: "Move toolbar"
+    ToolTip.text: qsTr("Move toolbar")
 }

@@ -9,7 +9,14 @@ Item {
     property bool open: false
     property real panelX: 0
     property real panelY: 0
-    readonly property int panelWidth: AppTheme.px(220)
+    // Wide enough for the longest row, in any language.
+    readonly property int panelWidth: Math.ceil(Math.max(AppTheme.px(220), root.widestRow + AppTheme.px(12)))
+    readonly property real widestRow: {
+        let widest = 0;
+        for (let i = 0; i < column.children.length; ++i)
+            widest = Math.max(widest, column.children[i].implicitWidth);
+        return widest;
+    }
     default property alias rows: column.data
 
     anchors.fill: parent

@@ -8,13 +8,13 @@ ToolbarMenu {
 
     CtxItem {
         width: root.panelWidth - AppTheme.px(12)
-        label: "Rectangle recording"
+        label: qsTr("Rectangle recording")
         iconSource: root.iconBase + "record-rectangle.svg"
         disabled: true
     }
     CtxItem {
         width: root.panelWidth - AppTheme.px(12)
-        label: "Window recording"
+        label: qsTr("Window recording")
         iconSource: root.iconBase + "record-window.svg"
         disabled: true
     }
@@ -31,7 +31,7 @@ ToolbarMenu {
     }
     CtxItem {
         width: root.panelWidth - AppTheme.px(12)
-        label: "Record display"
+        label: qsTr("Record display")
         iconSource: root.iconBase + "record-display.svg"
         onTriggered: {
             root.open = false;
