@@ -30,8 +30,7 @@ constexpr int pollIntervalMs = 16;
 // While no input arrives the poll still reads the pointer this often, for a
 // pointer that something other than a device moved.
 constexpr int quietTicksPerRead = 16;
-// Long enough for the toolbar and the HUD chrome to vanish from the screen
-// before it is grabbed.
+// Long enough for the HUD to vanish from the screen before it is grabbed.
 constexpr int captureDelayMs = 120;
 const QString hudKey = QStringLiteral("hud");
 
@@ -95,6 +94,10 @@ AppController::AppController(SettingsManager *settings, OverlayManager *overlayM
     m_pollTimer->setInterval(pollIntervalMs);
     connect(m_pollTimer, &QTimer::timeout, this, &AppController::pollPointer);
     m_pollTimer->start();
+    // Input is looked at when it comes, not up to a tick later: a press right
+    // after the pointer left the toolbar must find the controls passing it on.
+    if (m_pointerActivity)
+        m_pointerActivity->setWakeUp([this] { pollPointer(); });
 
     if (m_displayManager)
         m_activeDisplayId = displayIdAt(cursorPos());
@@ -133,6 +136,11 @@ bool AppController::linuxInputVisualizationAvailable() const
 bool AppController::linuxPortalRequired() const
 {
     return m_session->portalRequired();
+}
+
+bool AppController::magnifierAvailable() const
+{
+    return m_session->magnifierAvailable();
 }
 
 bool AppController::recordingAvailable() const
@@ -191,8 +199,22 @@ void AppController::setMagnifierEnabled(bool enabled)
 {
     if (enabled == m_magnifierEnabled)
         return;
+    if (enabled && !magnifierAvailable()) {
+        qCInfo(lcController) << "AppController: no magnifier here:" << m_session->summary();
+        return;
+    }
     m_magnifierEnabled = enabled;
     emit magnifierEnabledChanged();
+}
+
+void AppController::exitToCursor()
+{
+    // The first press closes the lens; only the next one leaves the tool.
+    if (m_magnifierEnabled) {
+        setMagnifierEnabled(false);
+        return;
+    }
+    setTool(QStringLiteral("cursor"));
 }
 
 void AppController::showSettings()
@@ -263,6 +285,7 @@ void AppController::setModalActive(bool active)
         return;
     m_modalActive = active;
     refreshClickThroughState();
+    emit modalActiveChanged();
 }
 
 void AppController::showSettingsPage(const QString &pageId)
@@ -522,9 +545,12 @@ void AppController::pollPointer()
 
     if (m_currentTool == QLatin1String("spotlight") && m_pointerButtons) {
         // Only the press edge counts: buttons held since the last tick do not.
+        // A click whose press and release both fell between two ticks is
+        // known from the input itself.
         const int mask = m_pointerButtons->buttonMask()
             & (PointerButtons::Left | PointerButtons::Right | PointerButtons::Middle);
-        const int newlyPressed = mask & ~m_previousButtons;
+        const int pressedBetween = m_pointerActivity ? m_pointerActivity->pressedButtons() : 0;
+        const int newlyPressed = (mask & ~m_previousButtons) | pressedBetween;
         if (newlyPressed != 0)
             emit mouseClicked(p, newlyPressed);
         m_previousButtons = mask;

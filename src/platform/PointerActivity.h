@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 // Tells the pointer poll whether the pointer may have moved or a button
@@ -12,6 +13,15 @@ public:
 
     // True when input arrived since the last call, or when that cannot be known.
     virtual bool takeActivity() = 0;
+
+    // The buttons (PointerButtons bits) pressed in the input the last
+    // takeActivity() saw, also those released again since: a short click
+    // falls between two polls. 0 where the platform cannot tell.
+    virtual int pressedButtons() const { return 0; }
+
+    // Calls `wake` from the event loop as soon as input arrives, where the
+    // platform can tell, so that the poll need not wait for its next tick.
+    virtual void setWakeUp([[maybe_unused]] std::function<void()> wake) { }
 
     static std::unique_ptr<PointerActivity> create();
 };

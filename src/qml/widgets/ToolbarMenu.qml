@@ -9,8 +9,16 @@ Item {
     property bool open: false
     property real panelX: 0
     property real panelY: 0
-    readonly property int panelWidth: AppTheme.px(220)
+    // Wider than the usual 220 only where a row's whole text needs it.
+    readonly property int panelWidth: Math.max(AppTheme.px(220), root.widestRow() + AppTheme.px(12))
     default property alias rows: column.data
+
+    function widestRow(): real {
+        let widest = 0;
+        for (let i = 0; i < column.children.length; ++i)
+            widest = Math.max(widest, column.children[i].implicitWidth);
+        return widest;
+    }
 
     anchors.fill: parent
     z: 200
