@@ -94,10 +94,6 @@ AppController::AppController(SettingsManager *settings, OverlayManager *overlayM
     m_pollTimer->setInterval(pollIntervalMs);
     connect(m_pollTimer, &QTimer::timeout, this, &AppController::pollPointer);
     m_pollTimer->start();
-    // Input is looked at when it comes, not up to a tick later: a press right
-    // after the pointer left the toolbar must find the controls passing it on.
-    if (m_pointerActivity)
-        m_pointerActivity->setWakeUp([this] { pollPointer(); });
 
     if (m_displayManager)
         m_activeDisplayId = displayIdAt(cursorPos());
@@ -624,7 +620,14 @@ void AppController::refreshClickThroughState()
     m_overlayManager->setClickThrough(ClickThroughPolicy::overlayClickThrough(state));
     const bool interactive =
         ClickThroughPolicy::hudInteractive(state, p, controlScreenGeometryAt(p));
-    m_overlayManager->setWindowClickThrough(hudKey, !interactive);
+    // Where the platform can shape input, the HUD takes the mouse over its
+    // controls only, so that a press just after the pointer left them falls
+    // through whenever the poll comes.
+    QScreen *control = m_displayManager ? controlScreen() : nullptr;
+    const std::optional<QRegion> hudArea = ClickThroughPolicy::hudInputArea(
+        state, control ? std::optional<QRect>(control->geometry()) : std::nullopt);
+    if (!hudArea || !m_overlayManager->setWindowInputArea(hudKey, *hudArea))
+        m_overlayManager->setWindowClickThrough(hudKey, !interactive);
     // Every refresh, so the HUD stays above the overlay windows.
     m_overlayManager->raiseWindow(hudKey);
     m_lastHudInteractive = interactive;

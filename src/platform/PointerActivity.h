@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 
 // Tells the pointer poll whether the pointer may have moved or a button
@@ -18,10 +17,6 @@ public:
     // takeActivity() saw, also those released again since: a short click
     // falls between two polls. 0 where the platform cannot tell.
     virtual int pressedButtons() const { return 0; }
-
-    // Calls `wake` from the event loop as soon as input arrives, where the
-    // platform can tell, so that the poll need not wait for its next tick.
-    virtual void setWakeUp([[maybe_unused]] std::function<void()> wake) { }
 
     static std::unique_ptr<PointerActivity> create();
 };

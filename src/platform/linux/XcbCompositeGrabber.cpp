@@ -59,7 +59,7 @@ QImage imageOf(const xcb_get_image_reply_t *reply, const QSize &size, QImage::Fo
 
 } // namespace
 
-// The render pictures of the windows one grab reads, made on first use.
+// The pictures of the windows one grab reads, made on first use.
 class XcbCompositeGrabber::Pictures
 {
 public:
@@ -67,26 +67,32 @@ public:
         : m_connection(connection)
     {
     }
+    Pictures(const Pictures &) = delete;
+    Pictures &operator=(const Pictures &) = delete;
+
     ~Pictures()
     {
         for (xcb_render_picture_t picture : std::as_const(m_pictures))
             discard(m_connection, xcb_render_free_picture_checked(m_connection, picture));
+        for (xcb_pixmap_t pixmap : std::as_const(m_pixmaps))
+            discard(m_connection, xcb_free_pixmap_checked(m_connection, pixmap));
     }
-    Pictures(const Pictures &) = delete;
-    Pictures &operator=(const Pictures &) = delete;
 
+    // The off-screen pixmap the compositing manager keeps of the window: its
+    // children and its border included.
     xcb_render_picture_t of(const TopLevel &window)
     {
         auto it = m_pictures.constFind(window.id);
         if (it != m_pictures.constEnd())
             return *it;
-        const xcb_render_picture_t picture = xcb_generate_id(m_connection);
-        // A redirected window's picture reads its off-screen pixmap, children
-        // included.
-        const uint32_t includeInferiors = XCB_SUBWINDOW_MODE_INCLUDE_INFERIORS;
+        const xcb_pixmap_t pixmap = xcb_generate_id(m_connection);
         discard(m_connection,
-                xcb_render_create_picture_checked(m_connection, picture, window.id, window.format,
-                                                  XCB_RENDER_CP_SUBWINDOW_MODE, &includeInferiors));
+                xcb_composite_name_window_pixmap_checked(m_connection, window.id, pixmap));
+        const xcb_render_picture_t picture = xcb_generate_id(m_connection);
+        discard(m_connection,
+                xcb_render_create_picture_checked(m_connection, picture, pixmap, window.format, 0,
+                                                  nullptr));
+        m_pixmaps.append(pixmap);
         m_pictures.insert(window.id, picture);
         return picture;
     }
@@ -94,6 +100,7 @@ public:
 private:
     xcb_connection_t *m_connection;
     QHash<xcb_window_t, xcb_render_picture_t> m_pictures;
+    QList<xcb_pixmap_t> m_pixmaps;
 };
 
 std::unique_ptr<ScreenAreaGrabber> ScreenAreaGrabber::create()
@@ -287,9 +294,10 @@ QList<XcbCompositeGrabber::TopLevel> XcbCompositeGrabber::viewableTopLevels()
         if (format == m_formatOfVisual.constEnd())
             continue;
         const int border = geometry->border_width;
-        const QRect rect(geometry->x + border, geometry->y + border, geometry->width,
-                         geometry->height);
-        windows.append({ children[i], rect, rect, *format, m_formatHasAlpha.value(*format) });
+        const QRect rect(geometry->x, geometry->y, geometry->width + 2 * border,
+                         geometry->height + 2 * border);
+        windows.append(
+            { children[i], rect, rect, border, *format, m_formatHasAlpha.value(*format) });
     }
     clipToFrames(windows);
     return windows;
@@ -338,8 +346,9 @@ void XcbCompositeGrabber::clipToFrames(QList<TopLevel> &windows)
             continue;
         const auto *e = static_cast<const uint32_t *>(xcb_get_property_value(extents.get()));
         const TopLevel &window = windows.at(client.window);
+        // The client sits inside the frame's border.
         const QRect shown =
-            QRect(geometry->x - int(e[0]), geometry->y - int(e[2]),
+            QRect(window.border + geometry->x - int(e[0]), window.border + geometry->y - int(e[2]),
                   geometry->width + int(e[0] + e[1]), geometry->height + int(e[2] + e[3]))
             & QRect(QPoint(), window.rect.size());
         m_shownParts.insert(window.id, { window.rect.size(), shown });

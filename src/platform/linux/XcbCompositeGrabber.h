@@ -28,8 +28,9 @@ private:
     struct TopLevel
     {
         xcb_window_t id;
-        QRect rect; // inside the border, in root coordinates
+        QRect rect; // border included, in root coordinates
         QRect shown; // the part the compositing manager draws
+        int border;
         xcb_render_pictformat_t format;
         bool alpha;
     };

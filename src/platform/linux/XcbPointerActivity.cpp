@@ -3,7 +3,6 @@
 #include "platform/PointerButtons.h"
 
 #include <QLoggingCategory>
-#include <QSocketNotifier>
 
 #include <cstdlib>
 #include <xcb/xinput.h>
@@ -58,19 +57,7 @@ XcbPointerActivity::XcbPointerActivity()
 
 XcbPointerActivity::~XcbPointerActivity()
 {
-    m_notifier.reset();
     xcb_disconnect(m_connection);
-}
-
-void XcbPointerActivity::setWakeUp(std::function<void()> wake)
-{
-    m_notifier.reset();
-    if (!m_watching || !wake)
-        return;
-    m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection),
-                                                   QSocketNotifier::Read);
-    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(),
-                     std::move(wake));
 }
 
 bool XcbPointerActivity::takeActivity()

@@ -3,14 +3,11 @@
 #include "platform/PointerActivity.h"
 
 #include <cstdint>
-#include <memory>
 
-class QSocketNotifier;
 typedef struct xcb_connection_t xcb_connection_t;
 
-// Watches the X server's raw pointer events on a connection of its own, read
-// when the poll asks or as soon as they arrive, so that the toolkit's own
-// event handling never sees them. Raw events reach
+// Watches the X server's raw pointer events on a connection of its own, so
+// that reading them never wakes the toolkit's event thread. Raw events reach
 // the root window whoever has focus or a grab; a pointer that no device moved
 // (a warp by another program) shows up at the poll's periodic full read.
 class XcbPointerActivity : public PointerActivity
@@ -23,7 +20,6 @@ public:
 
     bool takeActivity() override;
     int pressedButtons() const override { return m_pressed; }
-    void setWakeUp(std::function<void()> wake) override;
 
 private:
     xcb_connection_t *m_connection = nullptr;
@@ -31,5 +27,4 @@ private:
     bool m_watching = false;
     uint8_t m_inputOpcode = 0;
     int m_pressed = 0;
-    std::unique_ptr<QSocketNotifier> m_notifier;
 };

@@ -120,6 +120,7 @@ Item {
             }
             ToolbarSeparator {}
             ToolbarButton {
+                objectName: "magnifierButton"
                 visible: root.magnifierAvailable
                 iconSrc: root.iconBase + "magnifier.svg"
                 toolTip: "Magnifier lens"
