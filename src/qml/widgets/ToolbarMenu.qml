@@ -10,7 +10,7 @@ Item {
     property real panelX: 0
     property real panelY: 0
     // Wider than the usual 220 only where a row's whole text needs it.
-    readonly property int panelWidth: Math.max(AppTheme.px(220), root.widestRow() + AppTheme.px(12))
+    readonly property int panelWidth: Math.max(AppTheme.px(220), Math.ceil(root.widestRow()) + AppTheme.px(12))
     default property alias rows: column.data
 
     function widestRow(): real {
