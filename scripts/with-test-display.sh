@@ -3,6 +3,8 @@
 # TigerVNC's server (it honours RandR monitors, where Xvfb ignores them) with a
 # 3840x1080 framebuffer split into two 1920x1080 monitors LEFT and RIGHT, and
 # xcompmgr so that transparent windows composite as on a desktop.
+# GLIMMORA_TEST_COMPOSITOR picks another compositing manager: "xfwm4" or
+# "mutter" (window managers that composite by themselves), or "none".
 # The servers stop when the command ends; its exit code is returned.
 set -euo pipefail
 
@@ -39,8 +41,22 @@ xrandr --setmonitor LEFT 1920/508x1080/286+0+0 VNC-0 >/dev/null
 xrandr --setmonitor RIGHT 1920/508x1080/286+1920+0 none >/dev/null
 xsetroot -solid '#808080' 2>/dev/null || true
 
-xcompmgr -n >"$runtime_dir/xcompmgr.log" 2>&1 &
-pids+=($!)
+compositor=${GLIMMORA_TEST_COMPOSITOR:-xcompmgr}
+case "$compositor" in
+  xcompmgr) xcompmgr -n >"$runtime_dir/compositor.log" 2>&1 & pids+=($!) ;;
+  xfwm4) xfwm4 --compositor=on >"$runtime_dir/compositor.log" 2>&1 & pids+=($!) ;;
+  mutter) dbus-launch --exit-with-session mutter --x11 --replace >"$runtime_dir/compositor.log" 2>&1 & pids+=($!) ;;
+  none) ;;
+  *) echo "with-test-display: unknown compositor $compositor" >&2; exit 1 ;;
+esac
+# A window manager announces itself on the root window once it manages; its
+# compositor is running by then.
+if [ "$compositor" = xfwm4 ] || [ "$compositor" = mutter ]; then
+  for _ in $(seq 100); do
+    xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q "window id" && break
+    sleep 0.1
+  done
+fi
 sleep 0.3
 
 set +e

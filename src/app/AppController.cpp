@@ -30,8 +30,7 @@ constexpr int pollIntervalMs = 16;
 // While no input arrives the poll still reads the pointer this often, for a
 // pointer that something other than a device moved.
 constexpr int quietTicksPerRead = 16;
-// Long enough for the toolbar and the HUD chrome to vanish from the screen
-// before it is grabbed.
+// Long enough for the HUD to vanish from the screen before it is grabbed.
 constexpr int captureDelayMs = 120;
 const QString hudKey = QStringLiteral("hud");
 
@@ -135,6 +134,11 @@ bool AppController::linuxPortalRequired() const
     return m_session->portalRequired();
 }
 
+bool AppController::magnifierAvailable() const
+{
+    return m_session->magnifierAvailable();
+}
+
 bool AppController::recordingAvailable() const
 {
     return qEnvironmentVariableIntValue("GLIMMORA_ENABLE_RECORDING") == 1;
@@ -191,8 +195,22 @@ void AppController::setMagnifierEnabled(bool enabled)
 {
     if (enabled == m_magnifierEnabled)
         return;
+    if (enabled && !magnifierAvailable()) {
+        qCInfo(lcController) << "AppController: no magnifier here:" << m_session->summary();
+        return;
+    }
     m_magnifierEnabled = enabled;
     emit magnifierEnabledChanged();
+}
+
+void AppController::exitToCursor()
+{
+    // The first press closes the lens; only the next one leaves the tool.
+    if (m_magnifierEnabled) {
+        setMagnifierEnabled(false);
+        return;
+    }
+    setTool(QStringLiteral("cursor"));
 }
 
 void AppController::showSettings()
@@ -263,6 +281,7 @@ void AppController::setModalActive(bool active)
         return;
     m_modalActive = active;
     refreshClickThroughState();
+    emit modalActiveChanged();
 }
 
 void AppController::showSettingsPage(const QString &pageId)
@@ -522,9 +541,12 @@ void AppController::pollPointer()
 
     if (m_currentTool == QLatin1String("spotlight") && m_pointerButtons) {
         // Only the press edge counts: buttons held since the last tick do not.
+        // A click whose press and release both fell between two ticks is
+        // known from the input itself.
         const int mask = m_pointerButtons->buttonMask()
             & (PointerButtons::Left | PointerButtons::Right | PointerButtons::Middle);
-        const int newlyPressed = mask & ~m_previousButtons;
+        const int pressedBetween = m_pointerActivity ? m_pointerActivity->pressedButtons() : 0;
+        const int newlyPressed = (mask & ~m_previousButtons) | pressedBetween;
         if (newlyPressed != 0)
             emit mouseClicked(p, newlyPressed);
         m_previousButtons = mask;
@@ -598,7 +620,14 @@ void AppController::refreshClickThroughState()
     m_overlayManager->setClickThrough(ClickThroughPolicy::overlayClickThrough(state));
     const bool interactive =
         ClickThroughPolicy::hudInteractive(state, p, controlScreenGeometryAt(p));
-    m_overlayManager->setWindowClickThrough(hudKey, !interactive);
+    // Where the platform can shape input, the HUD takes the mouse over its
+    // controls only, so that a press just after the pointer left them falls
+    // through whenever the poll comes.
+    QScreen *control = m_displayManager ? controlScreen() : nullptr;
+    const std::optional<QRegion> hudArea = ClickThroughPolicy::hudInputArea(
+        state, control ? std::optional<QRect>(control->geometry()) : std::nullopt);
+    if (!hudArea || !m_overlayManager->setWindowInputArea(hudKey, *hudArea))
+        m_overlayManager->setWindowClickThrough(hudKey, !interactive);
     // Every refresh, so the HUD stays above the overlay windows.
     m_overlayManager->raiseWindow(hudKey);
     m_lastHudInteractive = interactive;

@@ -75,6 +75,9 @@ class AppController : public QObject
     Q_PROPERTY(
         bool linuxInputVisualizationAvailable READ linuxInputVisualizationAvailable CONSTANT FINAL)
     Q_PROPERTY(bool linuxPortalRequired READ linuxPortalRequired CONSTANT FINAL)
+    // False where the lens cannot see the screen below itself; the toolbar
+    // then offers no magnifier.
+    Q_PROPERTY(bool magnifierAvailable READ magnifierAvailable CONSTANT FINAL)
     Q_PROPERTY(QString captureStatus READ captureStatus NOTIFY captureStatusChanged FINAL)
     Q_PROPERTY(QString captureLastPath READ captureLastPath NOTIFY captureStatusChanged FINAL)
     Q_PROPERTY(bool webpSupported READ webpSupported CONSTANT FINAL)
@@ -99,6 +102,8 @@ public:
     bool overlayEnabled() const { return m_overlayEnabled; }
     bool magnifierEnabled() const { return m_magnifierEnabled; }
     bool settingsVisible() const { return m_settingsVisible; }
+    // A dialog or card of the HUD that takes every click (quit, first run).
+    bool modalActive() const { return m_modalActive; }
     QPointF mousePosition() const { return m_mousePosition; }
     QRectF toolbarRect() const { return m_toolbarRect; }
     QRectF helpButtonRect() const { return m_helpButtonRect; }
@@ -125,6 +130,7 @@ public:
     bool linuxClickThroughAvailable() const;
     bool linuxInputVisualizationAvailable() const;
     bool linuxPortalRequired() const;
+    bool magnifierAvailable() const;
     QString captureStatus() const { return m_captureStatus; }
     QString captureLastPath() const { return m_captureLastPath; }
     bool webpSupported() const;
@@ -165,6 +171,7 @@ public slots:
     void setOverlayEnabled(bool enabled);
     void clearDrawing();
     void setMagnifierEnabled(bool enabled);
+    void exitToCursor();
     void showSettings();
     void hideSettings();
     void setCurrentPenColor(const QString &color);
@@ -201,6 +208,7 @@ signals:
     void overlayEnabledChanged();
     void magnifierEnabledChanged();
     void settingsVisibleChanged();
+    void modalActiveChanged();
     void mousePositionChanged();
     void toolbarRectChanged();
     void helpButtonRectChanged();

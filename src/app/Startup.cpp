@@ -42,7 +42,8 @@ void wireHotkeys(HotkeyManager &hotkeys, SettingsManager &settings, AppControlle
                                    settings.showAlphaNumericKeys());
     };
     const auto syncCommandKeys = [&] {
-        hotkeys.setCommandKeysActive(controller.overlayEnabled() && !controller.settingsVisible());
+        hotkeys.setCommandKeysActive(controller.overlayEnabled() && !controller.settingsVisible()
+                                     && !controller.modalActive());
     };
     const auto syncHotkeys = [&] {
         hotkeys.setHotkeys(settings.hotkeyMap());
@@ -58,6 +59,8 @@ void wireHotkeys(HotkeyManager &hotkeys, SettingsManager &settings, AppControlle
     QObject::connect(&controller, &AppController::overlayEnabledChanged, &hotkeys, syncCommandKeys);
     QObject::connect(&controller, &AppController::settingsVisibleChanged, &hotkeys,
                      syncCommandKeys);
+    // A dialog keeps its keys: Esc cancels it and nothing else.
+    QObject::connect(&controller, &AppController::modalActiveChanged, &hotkeys, syncCommandKeys);
     QObject::connect(&settings, &SettingsManager::hotkeysChanged, &hotkeys, syncHotkeys);
 
     QObject::connect(&hotkeys, &HotkeyManager::toggleOverlayRequested, &controller,
@@ -65,6 +68,8 @@ void wireHotkeys(HotkeyManager &hotkeys, SettingsManager &settings, AppControlle
     QObject::connect(&hotkeys, &HotkeyManager::settingsRequested, &controller,
                      &AppController::showSettings);
     QObject::connect(&hotkeys, &HotkeyManager::toolRequested, &controller, &AppController::setTool);
+    QObject::connect(&hotkeys, &HotkeyManager::exitToCursorRequested, &controller,
+                     &AppController::exitToCursor);
     QObject::connect(&hotkeys, &HotkeyManager::undoRequested, &drawingModel, [&] {
         if (settings.undoRedoEnabled())
             drawingModel.undoLastStroke();

@@ -3,6 +3,7 @@
 #include <QPointF>
 #include <QRect>
 #include <QRectF>
+#include <QRegion>
 #include <QString>
 
 #include <optional>
@@ -44,6 +45,13 @@ bool isPointInToolbarZone(const ClickThroughState &state, QPointF p,
 // Whether the HUD takes the mouse at p.
 bool hudInteractive(const ClickThroughState &state, QPointF p,
                     const std::optional<QRect> &controlScreenAtPoint);
+
+// Where the HUD takes the mouse, in global coordinates, as an area the window
+// system can hold: nullopt for the whole window, else the points where
+// hudInteractive is true. `controlScreen` is the control display's geometry,
+// if a display manager knows it.
+std::optional<QRegion> hudInputArea(const ClickThroughState &state,
+                                    const std::optional<QRect> &controlScreen);
 
 // An empty rectangle contains nothing; edges are inclusive.
 bool presentAndContains(const QRectF &rect, QPointF p);

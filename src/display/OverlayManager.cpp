@@ -19,8 +19,10 @@ void OverlayManager::setClickThrough(bool enabled)
         return;
     m_clickThrough = enabled;
     m_overrides.clear();
-    for (const QPointer<QWindow> &window : std::as_const(m_windows))
-        applyClickThrough(window, enabled);
+    for (auto it = m_windows.cbegin(); it != m_windows.cend(); ++it) {
+        if (!m_shaped.contains(it.key()))
+            applyClickThrough(it.value(), enabled);
+    }
     emit clickThroughChanged();
 }
 
@@ -29,6 +31,14 @@ void OverlayManager::setWindowClickThrough(const QString &displayId, bool enable
     const auto it = m_windows.constFind(displayId);
     if (it == m_windows.constEnd())
         return;
+    if (m_shaped.remove(displayId) > 0) {
+        if (enabled != m_clickThrough)
+            m_overrides.insert(displayId, enabled);
+        else
+            m_overrides.remove(displayId);
+        applyClickThrough(it.value(), enabled);
+        return;
+    }
     if (enabled != m_clickThrough) {
         if (effectiveClickThrough(displayId) != enabled) {
             m_overrides.insert(displayId, enabled);
@@ -37,6 +47,16 @@ void OverlayManager::setWindowClickThrough(const QString &displayId, bool enable
     } else if (m_overrides.remove(displayId) > 0) {
         applyClickThrough(it.value(), enabled);
     }
+}
+
+bool OverlayManager::setWindowInputArea(const QString &id, const QRegion &area)
+{
+    QWindow *window = m_windows.value(id);
+    if (!window || !m_passThrough
+        || !m_passThrough->setInputArea(window, area.translated(-window->position())))
+        return false;
+    m_shaped.insert(id);
+    return true;
 }
 
 void OverlayManager::raiseWindow(const QString &displayId)
@@ -57,6 +77,7 @@ void OverlayManager::unregisterWindow(const QString &id)
 {
     m_windows.remove(id);
     m_overrides.remove(id);
+    m_shaped.remove(id);
 }
 
 void OverlayManager::excludeFromCapture(QWindow *window)

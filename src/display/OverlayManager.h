@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QObject>
 #include <QPointer>
+#include <QRegion>
+#include <QSet>
 #include <QString>
 #include <QWindow>
 
@@ -33,6 +35,10 @@ public:
 
     void setClickThrough(bool enabled);
     void setWindowClickThrough(const QString &displayId, bool enabled);
+    // Lets the window under `id` take the mouse only inside `area`, in global
+    // logical coordinates, where the platform can shape input; false where it
+    // cannot. setWindowClickThrough returns it to a whole-window value.
+    bool setWindowInputArea(const QString &id, const QRegion &area);
     void raiseWindow(const QString &displayId);
     void registerWindow(const QString &id, QWindow *window);
     void unregisterWindow(const QString &id);
@@ -49,5 +55,7 @@ private:
     std::unique_ptr<WindowPassThrough> m_passThrough;
     QHash<QString, QPointer<QWindow>> m_windows;
     QHash<QString, bool> m_overrides;
+    // Windows that take the mouse in an area: the global value leaves them alone.
+    QSet<QString> m_shaped;
     bool m_clickThrough = true;
 };

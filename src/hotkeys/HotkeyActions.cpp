@@ -6,7 +6,7 @@ namespace HotkeyActions {
 
 namespace {
 
-constexpr std::array<Action, 16> actions { {
+constexpr std::array<Action, 17> actions { {
     { "toggleOverlay", 1001 },
     { "openSettings", 1002 },
     { "cursor", 1003 },
@@ -16,13 +16,14 @@ constexpr std::array<Action, 16> actions { {
     { "rectangle", 1007 },
     { "circle", 1008 },
     { "highlighter", 1009 },
-    { "exitToCursor", 1010 },
-    { "undo", 1011 },
-    { "redo", 1012 },
-    { "clear", 1013 },
-    { "captureRegion", 1014 },
-    { "captureFullScreen", 1015 },
-    { "quit", 1016 },
+    { "eraser", 1010 },
+    { "exitToCursor", 1011 },
+    { "undo", 1012 },
+    { "redo", 1013 },
+    { "clear", 1014 },
+    { "captureRegion", 1015 },
+    { "captureFullScreen", 1016 },
+    { "quit", 1017 },
 } };
 
 } // namespace
@@ -53,6 +54,7 @@ QVariantMap defaultMap()
         { QStringLiteral("rectangle"), QStringLiteral("Alt+5") },
         { QStringLiteral("circle"), QStringLiteral("Alt+6") },
         { QStringLiteral("highlighter"), QStringLiteral("Alt+7") },
+        { QStringLiteral("eraser"), QStringLiteral("Alt+8") },
         { QStringLiteral("exitToCursor"), QStringLiteral("Esc") },
         { QStringLiteral("undo"), QStringLiteral("Ctrl+Z") },
         { QStringLiteral("redo"), QStringLiteral("Ctrl+Shift+Z") },

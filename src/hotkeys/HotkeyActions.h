@@ -15,7 +15,7 @@ struct Action
     int id;
 };
 
-// Sixteen actions, ids 1001 to 1016.
+// Seventeen actions, ids 1001 to 1017 in table order.
 std::span<const Action> all();
 
 // The action registered under `id`, or empty.

@@ -31,7 +31,10 @@ void HotkeyManager::setKeystrokeFilter(bool enabled, bool modifier, bool functio
 
 void HotkeyManager::setCommandKeysActive(bool active)
 {
+    if (active == m_commandKeysActive)
+        return;
     m_commandKeysActive = active;
+    emit commandKeysActiveChanged();
 }
 
 void HotkeyManager::setHotkeys(const QVariantMap &sequences)
@@ -143,10 +146,10 @@ void HotkeyManager::dispatch(const QString &action, const QString &sequence)
         emit settingsRequested();
     } else if (action == u"spotlight" || action == u"pen" || action == u"arrow"
                || action == u"rectangle" || action == u"circle" || action == u"highlighter"
-               || action == u"cursor") {
+               || action == u"eraser" || action == u"cursor") {
         emit toolRequested(action);
     } else if (action == u"exitToCursor") {
-        emit toolRequested(QStringLiteral("cursor"));
+        emit exitToCursorRequested();
     } else if (action == u"undo") {
         emit undoRequested();
     } else if (action == u"redo") {

@@ -23,6 +23,9 @@ class HotkeyManager : public QObject
     QML_UNCREATABLE("HotkeyManager is created by the application")
     Q_PROPERTY(
         int hotkeyConflictRevision READ hotkeyConflictRevision NOTIFY hotkeyConflictsChanged FINAL)
+    // While true, bare keys of the map act wherever the focus is, so a window
+    // shortcut of the same key would act a second time.
+    Q_PROPERTY(bool commandKeysActive READ commandKeysActive NOTIFY commandKeysActiveChanged FINAL)
 
 public:
     explicit HotkeyManager(std::unique_ptr<HotkeyBackend> backend = HotkeyBackend::create(),
@@ -35,8 +38,10 @@ public:
 
     void setKeystrokeFilter(bool enabled, bool modifier, bool function, bool navigation,
                             bool alphaNumeric);
-    // Whether bare keys may run commands (overlay on, settings hidden).
+    // Whether bare keys may run commands (overlay on, settings hidden, no
+    // dialog open).
     void setCommandKeysActive(bool active);
+    bool commandKeysActive() const { return m_commandKeysActive; }
     // Releases every registration and registers the map anew.
     void setHotkeys(const QVariantMap &sequences);
     // Registers the map (the default one if none was given) and begins
@@ -51,6 +56,7 @@ signals:
     void toggleOverlayRequested();
     void settingsRequested();
     void toolRequested(const QString &tool);
+    void exitToCursorRequested();
     void undoRequested();
     void redoRequested();
     void clearRequested();
@@ -60,6 +66,7 @@ signals:
     void quitRequested();
     void keystrokeRequested(const QString &combo);
     void hotkeyConflictsChanged();
+    void commandKeysActiveChanged();
 
 private:
     void unregisterAll();

@@ -13,5 +13,10 @@ public:
     // True when input arrived since the last call, or when that cannot be known.
     virtual bool takeActivity() = 0;
 
+    // The buttons (PointerButtons bits) pressed in the input the last
+    // takeActivity() saw, also those released again since: a short click
+    // falls between two polls. 0 where the platform cannot tell.
+    virtual int pressedButtons() const { return 0; }
+
     static std::unique_ptr<PointerActivity> create();
 };

@@ -8,17 +8,17 @@
 class QScreen;
 class QWindow;
 
-// Reads the pixels of a small screen area as they look below one of our own
-// windows, so that a lens drawn in that window never magnifies itself.
+// Reads the pixels of a small screen area as they would look without one of
+// our own windows, so that a lens drawn in that window never magnifies itself.
 class ScreenAreaGrabber
 {
 public:
     virtual ~ScreenAreaGrabber() = default;
 
     // `area` is in global logical coordinates and lies inside `screen`.
-    // `above` and everything stacked over it are left out where the platform
-    // can do that; a null image means the grab failed.
-    virtual QImage grab(QScreen *screen, const QRect &area, QWindow *above) = 0;
+    // `leftOut` is kept out of the picture where the platform can do that;
+    // a null image means the grab failed.
+    virtual QImage grab(QScreen *screen, const QRect &area, QWindow *leftOut) = 0;
 
     static std::unique_ptr<ScreenAreaGrabber> create();
 };

@@ -19,6 +19,8 @@ public:
     virtual bool clickThroughAvailable() const = 0;
     virtual bool inputVisualizationAvailable() const = 0;
     virtual bool portalRequired() const = 0;
+    // Whether the magnifier can read the screen below its own window.
+    virtual bool magnifierAvailable() const = 0;
 
     static std::unique_ptr<SessionCapabilities> create();
 };

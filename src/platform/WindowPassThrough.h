@@ -2,6 +2,7 @@
 
 #include <memory>
 
+class QRegion;
 class QWindow;
 
 // Per-window mouse pass-through and capture exclusion, the two native window
@@ -15,6 +16,16 @@ public:
     // Implementations write to the window system only when the state must
     // change, and keep the state across resize, hide/show and re-creation.
     virtual void setPassThrough(QWindow *window, bool passThrough) = 0;
+
+    // Makes the window take the mouse only inside `area`, in its own logical
+    // coordinates, where the platform can shape a window's input, so that
+    // the area holds whatever the pointer does meanwhile. False where it
+    // cannot; the caller then decides for the whole window.
+    virtual bool setInputArea([[maybe_unused]] QWindow *window,
+                              [[maybe_unused]] const QRegion &area)
+    {
+        return false;
+    }
 
     // Keeps the window out of screen grabs where the platform can.
     virtual void excludeFromCapture(QWindow *window) = 0;

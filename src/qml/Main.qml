@@ -20,8 +20,9 @@ ApplicationWindow {
     readonly property var commandLabels: [
         ["toggleOverlay", "Pause"], ["openSettings", "Settings"], ["cursor", "Cursor"],
         ["spotlight", "Spotlight"], ["pen", "Pen"], ["arrow", "Arrow"], ["rectangle", "Rect"],
-        ["circle", "Ellipse"], ["highlighter", "Highlight"], ["exitToCursor", "Cursor"],
-        ["undo", "Undo"], ["redo", "Redo"], ["clear", "Clear"], ["quit", "Quit"]
+        ["circle", "Ellipse"], ["highlighter", "Highlight"], ["eraser", "Eraser"],
+        ["exitToCursor", "Cursor"], ["undo", "Undo"], ["redo", "Redo"], ["clear", "Clear"],
+        ["quit", "Quit"]
     ]
     readonly property var penPalette: ["#F05D5D", "#F4C24A", "#5EC27A", "#5DA8F0", "#C57BE0", "#ECEEF2"]
 
@@ -115,17 +116,18 @@ ApplicationWindow {
     ActionShortcut { action: "rectangle"; onActivated: root.useTool(action) }
     ActionShortcut { action: "circle"; onActivated: root.useTool(action) }
     ActionShortcut { action: "highlighter"; onActivated: root.useTool(action) }
+    ActionShortcut { action: "eraser"; onActivated: root.useTool(action) }
     ActionShortcut {
         action: "exitToCursor"
         // Empty while a region is being picked: the region overlay keeps Esc.
         sequence: appController.regionSelecting ? "" : root.sequenceFor(action)
+        // The observed key acts already, whichever window has the focus.
+        enabled: !hotkeyManager || !hotkeyManager.commandKeysActive
         onActivated: {
-            if (appController.magnifierEnabled) {
-                appController.setMagnifierEnabled(false);
-                return;
-            }
-            appController.setTool("cursor");
-            root.reportCommand(action);
+            const closesLens = appController.magnifierEnabled;
+            appController.exitToCursor();
+            if (!closesLens)
+                root.reportCommand(action);
         }
     }
     ActionShortcut {

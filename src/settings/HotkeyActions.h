@@ -13,7 +13,7 @@ struct HotkeyAction
 
 // Every action that can have a hotkey, in the order of the default table.
 // The settings page lists captureFullScreen before captureRegion.
-inline constexpr std::array<HotkeyAction, 16> hotkeyActions { {
+inline constexpr std::array<HotkeyAction, 17> hotkeyActions { {
     { "toggleOverlay", "F5", "Toggle overlay" },
     { "openSettings", "F6", "Open settings" },
     { "cursor", "Alt+1", "Cursor mode" },
@@ -23,6 +23,7 @@ inline constexpr std::array<HotkeyAction, 16> hotkeyActions { {
     { "rectangle", "Alt+5", "Rect tool" },
     { "circle", "Alt+6", "Ellipse tool" },
     { "highlighter", "Alt+7", "Highlight tool" },
+    { "eraser", "Alt+8", "Eraser tool" },
     { "exitToCursor", "Esc", "Exit drawing" },
     { "undo", "Ctrl+Z", "Undo" },
     { "redo", "Ctrl+Shift+Z", "Redo" },

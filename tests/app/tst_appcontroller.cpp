@@ -24,18 +24,21 @@ private:
     std::shared_ptr<int> m_mask;
 };
 
-// Input "arrived" while the shared flag is set.
+// Input "arrived" while the shared flag is set, with the presses in the mask.
 class FakePointerActivity final : public PointerActivity
 {
 public:
-    explicit FakePointerActivity(std::shared_ptr<bool> input)
+    FakePointerActivity(std::shared_ptr<bool> input, std::shared_ptr<int> pressed)
         : m_input(std::move(input))
+        , m_pressed(std::move(pressed))
     {
     }
     bool takeActivity() override { return *m_input; }
+    int pressedButtons() const override { return *m_pressed; }
 
 private:
     std::shared_ptr<bool> m_input;
+    std::shared_ptr<int> m_pressed;
 };
 
 class NullPassThrough final : public WindowPassThrough
@@ -45,11 +48,13 @@ public:
     void excludeFromCapture(QWindow *) override { }
 };
 
-// One step of the poll: the tool in use and the buttons held at the tick.
+// One step of the poll: the tool in use, the buttons held at the tick and
+// those pressed in the input since the tick before.
 struct PollStep
 {
     QString tool;
     int mask;
+    int pressed = 0;
 };
 } // namespace
 
@@ -66,6 +71,7 @@ private:
     std::unique_ptr<AppController> controller;
     std::shared_ptr<int> buttons;
     std::shared_ptr<bool> input;
+    std::shared_ptr<int> pressed;
     QWindow hud;
 
     void build()
@@ -73,10 +79,11 @@ private:
         controller.reset();
         buttons = std::make_shared<int>(0);
         input = std::make_shared<bool>(true);
-        controller = std::make_unique<AppController>(settings.get(), overlays.get(), nullptr,
-                                                     nullptr, displays.get(), nullptr,
-                                                     std::make_unique<FakePointerButtons>(buttons),
-                                                     std::make_unique<FakePointerActivity>(input));
+        pressed = std::make_shared<int>(0);
+        controller = std::make_unique<AppController>(
+            settings.get(), overlays.get(), nullptr, nullptr, displays.get(), nullptr,
+            std::make_unique<FakePointerButtons>(buttons),
+            std::make_unique<FakePointerActivity>(input, pressed));
     }
 
     // The screen's own centre: far from any hit rectangle unless a test puts one there.
@@ -318,6 +325,10 @@ private slots:
             << QList<PollStep> { { spot, 2 }, { pen, 2 }, { spot, 2 } } << QList<int> { 2, 2 };
         QTest::newRow("unknown bits are ignored")
             << QList<PollStep> { { spot, 8 }, { spot, 9 } } << QList<int> { 1 };
+        QTest::newRow("a click between two ticks is known from the input")
+            << QList<PollStep> { { spot, 0, 1 }, { spot, 0 } } << QList<int> { 1 };
+        QTest::newRow("a press seen in the input and still held counts once")
+            << QList<PollStep> { { spot, 2, 2 }, { spot, 2 } } << QList<int> { 2 };
     }
 
     void pressEdgesInTheSpotlight()
@@ -328,6 +339,7 @@ private slots:
         for (const PollStep &step : steps) {
             controller->setTool(step.tool);
             *buttons = step.mask;
+            *pressed = step.pressed;
             controller->pollPointer();
         }
         QList<int> seen;

@@ -4,7 +4,7 @@
 #include <QTest>
 
 // What the program reports about the test display's X server, which has SHAPE
-// and XInput 2, when it runs as in an X11 session.
+// and XInput 2 and a compositing manager, when it runs as in an X11 session.
 class TestSessionX11 : public QObject
 {
     Q_OBJECT
@@ -16,6 +16,7 @@ private slots:
         const LinuxSessionCapabilities::Facts facts = LinuxSessionCapabilities::currentFacts();
         QVERIFY(facts.shapeExtension);
         QVERIFY(facts.xinput2Extension);
+        QVERIFY(facts.compositingManager);
 
         qputenv("XDG_SESSION_TYPE", "x11");
         qunsetenv("WAYLAND_DISPLAY");
@@ -26,6 +27,7 @@ private slots:
         QVERIFY(caps.clickThroughAvailable());
         QVERIFY(caps.inputVisualizationAvailable());
         QVERIFY(!caps.portalRequired());
+        QVERIFY(caps.magnifierAvailable());
         QVERIFY(!caps.summary().contains(QStringLiteral("Not available")));
     }
 };

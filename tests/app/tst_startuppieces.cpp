@@ -244,24 +244,28 @@ private slots:
         QTest::addColumn<QString>("waylandDisplay");
         QTest::addColumn<bool>("shape");
         QTest::addColumn<bool>("xinput2");
+        QTest::addColumn<bool>("compositing");
         QTest::addColumn<QString>("backend");
         QTest::addColumn<QString>("reportedSession");
-        // hotkeys, click-through, input visualisation, portal required
+        // hotkeys, click-through, input visualisation, portal required, magnifier
         QTest::addColumn<QList<bool>>("answers");
 
         const auto row = [](const char *name, const char *platform, const char *type,
                             const char *wayland, bool shape, bool xinput2, const char *backend,
-                            const char *session, QList<bool> answers) {
+                            const char *session, QList<bool> answers, bool compositing = true) {
             QTest::newRow(name) << QString(platform) << QString(type) << QString(wayland) << shape
-                                << xinput2 << QString(backend) << QString(session) << answers;
+                                << xinput2 << compositing << QString(backend) << QString(session)
+                                << answers;
         };
-        const QList<bool> x11 { true, true, true, false };
-        const QList<bool> xwayland { false, true, false, true };
+        const QList<bool> x11 { true, true, true, false, true };
+        const QList<bool> xwayland { false, true, false, true, false };
         row("native X11 with both extensions", "xcb", "x11", "", true, true, "X11", "x11", x11);
         row("X11 without SHAPE has no click-through", "xcb", "", "", false, true, "X11", "x11",
-            { true, false, true, false });
+            { true, false, true, false, true });
         row("X11 without XInput 2 shows no keys", "xcb", "x11", "", true, false, "X11", "x11",
-            { true, true, false, false });
+            { true, true, false, false, true });
+        row("X11 without a compositing manager has no magnifier", "xcb", "x11", "", true, true,
+            "X11", "x11", { true, true, true, false, false }, false);
         row("XWayland by session type", "xcb", "wayland", "wayland-0", true, true, "XWayland",
             "wayland", xwayland);
         row("XWayland by WAYLAND_DISPLAY alone", "xcb", "", "wayland-0", true, true, "XWayland",
@@ -269,9 +273,9 @@ private slots:
         row("tty session type with a Wayland socket is not Wayland", "xcb", "tty", "wayland-0",
             true, true, "X11", "tty", x11);
         row("native Wayland platform", "wayland", "wayland", "wayland-0", false, false, "Wayland",
-            "wayland", { false, false, false, true });
+            "wayland", { false, false, false, true, false });
         row("offscreen has nothing", "offscreen", "", "", false, false, "offscreen", "x11",
-            { false, false, false, false });
+            { false, false, false, false, false });
     }
 
     void sessionAnswers()
@@ -281,25 +285,30 @@ private slots:
         QFETCH(QString, waylandDisplay);
         QFETCH(bool, shape);
         QFETCH(bool, xinput2);
+        QFETCH(bool, compositing);
         QFETCH(QString, backend);
         QFETCH(QString, reportedSession);
         QFETCH(QList<bool>, answers);
 
         const LinuxSessionCapabilities caps(
-            { platform, sessionType, waylandDisplay, shape, xinput2 });
+            { platform, sessionType, waylandDisplay, shape, xinput2, compositing });
         QCOMPARE(caps.windowingBackend(), backend);
         QCOMPARE(caps.sessionType(), reportedSession);
         QCOMPARE(caps.usesX11Backend(), platform == QLatin1String("xcb"));
         QCOMPARE((QList<bool> { caps.hotkeysAvailable(), caps.clickThroughAvailable(),
-                                caps.inputVisualizationAvailable(), caps.portalRequired() }),
+                                caps.inputVisualizationAvailable(), caps.portalRequired(),
+                                caps.magnifierAvailable() }),
                  answers);
-        // The summary names every feature that is missing.
+        // The summary names every feature that is missing, and why the
+        // magnifier is off where a desktop could have one.
         const QString summary = caps.summary();
         QCOMPARE(summary.contains(QStringLiteral("Not available")),
-                 answers.mid(0, 3).contains(false));
+                 answers.mid(0, 3).contains(false) || !answers.at(4));
         QCOMPARE(summary.contains(QStringLiteral("portal")), answers.at(3));
         if (!answers.at(0))
             QVERIFY(summary.contains(QStringLiteral("global hotkeys")));
+        QCOMPARE(summary.contains(QStringLiteral("compositing manager")),
+                 backend == QLatin1String("X11") && !answers.at(4));
     }
 };
 

@@ -11,6 +11,9 @@ namespace {
 constexpr QRgb grey = 0x808080;
 constexpr QRgb patternColour = 0x3366cc;
 const QRect pattern(300, 200, 400, 300); // on LEFT, the control display
+const QRect rightPattern(2400, 500, 300, 200);
+const QRect left(0, 0, 1920, 1080);
+const QRect right(1920, 0, 1920, 1080);
 
 QString run(const QString &program, const QStringList &arguments)
 {
@@ -20,11 +23,37 @@ QString run(const QString &program, const QStringList &arguments)
     return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
 }
 
+// Empty when the two pictures agree pixel for pixel; else where they differ.
+QString difference(const QImage &got, const QImage &want)
+{
+    if (got.size() != want.size())
+        return QStringLiteral("sizes differ");
+    int count = 0;
+    QPoint first;
+    for (int y = 0; y < want.height(); ++y) {
+        for (int x = 0; x < want.width(); ++x) {
+            const QRgb a = got.pixel(x, y);
+            const QRgb b = want.pixel(x, y);
+            if (qAbs(qRed(a) - qRed(b)) > 2 || qAbs(qGreen(a) - qGreen(b)) > 2
+                || qAbs(qBlue(a) - qBlue(b)) > 2) {
+                if (count++ == 0)
+                    first = QPoint(x, y);
+            }
+        }
+    }
+    return count == 0 ? QString()
+                      : QStringLiteral("%1 pixels differ, the first at %2,%3")
+                            .arg(count)
+                            .arg(first.x())
+                            .arg(first.y());
+}
+
 } // namespace
 
-// The whole road of a region screenshot through the real program: the hotkey,
-// a drag on the dimmed screen, the file. The program must hide its overlay
-// before the grab, so the file shows the desktop undimmed.
+// The whole road of a screenshot through the real program: the hotkey, a drag
+// on the dimmed screen for a region, the file. The program must hide its
+// overlay and everything of its controls before the grab, so the file shows
+// the desktop as it is without the program.
 class TestCaptureEndToEnd : public QObject
 {
     Q_OBJECT
@@ -40,6 +69,14 @@ private slots:
                           "solid", QString::number(patternColour, 16) });
         QVERIFY(m_pattern.waitForReadyRead(5000));
         QTRY_COMPARE_WITH_TIMEOUT(m_user.rootPixel(pattern.topLeft()), patternColour, 5000);
+        m_rightPattern.start(QStringLiteral(PATTERN_WINDOW),
+                             { QString::number(rightPattern.x()), QString::number(rightPattern.y()),
+                               QString::number(rightPattern.width()),
+                               QString::number(rightPattern.height()), "quadrants" });
+        QVERIFY(m_rightPattern.waitForReadyRead(5000));
+        QTRY_VERIFY_WITH_TIMEOUT(m_user.rootPixel(rightPattern.topLeft()) != grey, 5000);
+        // The displays as they look without the program.
+        m_withoutProgram = { m_user.rootImage(left), m_user.rootImage(right) };
 
         const QByteArray capture = "[capture]\nsaveFolder=" + m_home.filePath("shots").toUtf8()
             + "\nimageFormat=PNG\ncopyToClipboard=false\n";
@@ -52,7 +89,7 @@ private slots:
 
     void cleanupTestCase()
     {
-        for (QProcess *process : { &m_program, &m_pattern }) {
+        for (QProcess *process : { &m_program, &m_pattern, &m_rightPattern }) {
             if (process->state() == QProcess::NotRunning)
                 continue;
             process->terminate();
@@ -87,10 +124,49 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(m_user.rootPixel(background), grey, 5000);
     }
 
+    // The key caps of the hotkey, the toast of the capture before, the cards
+    // and the toolbar: nothing of them is in the file, on either display.
+    void fullScreenByHotkeyHoldsNothingOfTheControls()
+    {
+        QCOMPARE(m_user.rootPixel(QPoint(1200, 800)), grey);
+        for (int i = 0; i < 2; ++i) {
+            const QString differs = captureByHotkeyAgainst(m_withoutProgram.first);
+            QVERIFY2(differs.isEmpty(), qPrintable(differs));
+        }
+
+        // The presenter drags the toolbar over to the right display.
+        run("xdotool",
+            { "mousemove", "960", "20", "sleep", "0.3", "mousedown", "1", "mousemove", "1200",
+              "200", "mousemove", "2400", "300", "mousemove", "2880", "300", "mouseup", "1" });
+        QTRY_VERIFY_WITH_TIMEOUT(qRed(m_user.rootPixel(QPoint(2880, 60))) < 0x40, 10000);
+        const QString differs = captureByHotkeyAgainst(m_withoutProgram.second);
+        QVERIFY2(differs.isEmpty(), qPrintable(differs));
+    }
+
 private:
+    // Takes a screenshot of the control display by its hotkey and compares the
+    // new file with `want`; empty when they agree.
+    QString captureByHotkeyAgainst(const QImage &want)
+    {
+        const QDir shots(m_home.filePath("shots"));
+        const qsizetype before = shots.entryList({ "Glimmora-*.png" }, QDir::Files).size();
+        run("xdotool", { "key", "ctrl+shift+s" });
+        if (!QTest::qWaitFor(
+                [&] { return shots.entryList({ "Glimmora-*.png" }, QDir::Files).size() > before; },
+                10000))
+            return QStringLiteral("no new file");
+        const QStringList newestFirst =
+            shots.entryList({ "Glimmora-*.png" }, QDir::Files, QDir::Time);
+        return difference(
+            QImage(shots.filePath(newestFirst.first())).convertToFormat(QImage::Format_RGB32),
+            want);
+    }
+
     ProgramHome m_home;
     XTestSession m_user;
     QProcess m_pattern;
+    QProcess m_rightPattern;
+    QPair<QImage, QImage> m_withoutProgram;
     QProcess m_program;
 };
 

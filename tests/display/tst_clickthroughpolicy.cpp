@@ -17,6 +17,14 @@ ClickThroughState idleState()
     state.toolbarRect = toolbar;
     return state;
 }
+
+// Whether the area the window system is given holds the point; checked at
+// whole pixels, the pointer's positions on X11.
+bool inInputArea(const ClickThroughState &state, QPointF point, const std::optional<QRect> &screen)
+{
+    const std::optional<QRegion> area = hudInputArea(state, screen);
+    return !area || area->contains(point.toPoint());
+}
 } // namespace
 
 class TestClickThroughPolicy : public QObject
@@ -142,6 +150,8 @@ private slots:
         // The pointer is taken as off the control display here; the band
         // below the toolbar has its own test.
         QCOMPARE(hudInteractive(state, point, std::nullopt), interactive);
+        if (point == QPointF(point.toPoint()))
+            QCOMPARE(inInputArea(state, point, std::nullopt), interactive);
     }
 
     void toolbarZone_data()
@@ -195,6 +205,8 @@ private slots:
         QCOMPARE(isPointInToolbarZone(state, point, screen), inZone);
         // The zone makes the HUD interactive on its own.
         QCOMPARE(hudInteractive(state, point, screen), inZone);
+        if (point == QPointF(point.toPoint()))
+            QCOMPARE(inInputArea(state, point, screen), inZone);
     }
 };
 

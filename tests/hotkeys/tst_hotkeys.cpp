@@ -50,6 +50,7 @@ public:
         plain(&HotkeyManager::toggleOverlayRequested, "toggleOverlay");
         plain(&HotkeyManager::settingsRequested, "settings");
         withText(&HotkeyManager::toolRequested, "tool");
+        plain(&HotkeyManager::exitToCursorRequested, "exitToCursor");
         plain(&HotkeyManager::undoRequested, "undo");
         plain(&HotkeyManager::redoRequested, "redo");
         plain(&HotkeyManager::clearRequested, "clear");
@@ -164,15 +165,16 @@ private slots:
         QCOMPARE(HotkeySequence::mayRegisterGlobally(*combination), global);
     }
 
-    void defaultMapRegistersFifteenIds()
+    void defaultMapRegistersSixteenIds()
     {
         m_manager->setHotkeys(HotkeyActions::defaultMap());
 
-        QCOMPARE(m_system.registered.size(), 15);
+        QCOMPARE(m_system.registered.size(), 16);
         QCOMPARE(m_system.registered.value(1001), (KeyCombination { 0, function(5) }));
         QCOMPARE(m_system.registered.value(1005), (KeyCombination { Alt, digit(3) }));
-        QCOMPARE(m_system.registered.value(1012), (KeyCombination { Ctrl | Shift, letter('Z') }));
-        QVERIFY(!m_system.registered.contains(1010));
+        QCOMPARE(m_system.registered.value(1010), (KeyCombination { Alt, digit(8) }));
+        QCOMPARE(m_system.registered.value(1013), (KeyCombination { Ctrl | Shift, letter('Z') }));
+        QVERIFY(!m_system.registered.contains(1011));
         for (const HotkeyActions::Action &action : HotkeyActions::all())
             QVERIFY(!m_manager->hotkeyHasConflict(QString::fromLatin1(action.name)));
         // Going away releases every registration.
@@ -197,7 +199,7 @@ private slots:
             m_manager->setHotkeys(HotkeyActions::defaultMap());
         m_manager->start();
 
-        QCOMPARE(m_system.registered.size(), 15);
+        QCOMPARE(m_system.registered.size(), 16);
         QCOMPARE(m_system.startCalls, 1);
         QCOMPARE(m_manager->hotkeyConflictRevision(), mapGivenFirst ? 2 : 1);
         QCOMPARE(spy.size(), m_manager->hotkeyConflictRevision());
@@ -205,7 +207,7 @@ private slots:
         // A second start registers again but starts the observer only once.
         m_manager->start();
         QCOMPARE(m_system.startCalls, 1);
-        QCOMPARE(m_system.registered.size(), 15);
+        QCOMPARE(m_system.registered.size(), 16);
         QCOMPARE(spy.size(), mapGivenFirst ? 3 : 2);
     }
 
@@ -220,16 +222,16 @@ private slots:
 
         QTest::newRow("a combination another program holds")
             << QVariantMap {} << QList<KeyCombination> { { Alt, digit(4) } } << true
-            << QStringList { "arrow" } << 14;
+            << QStringList { "arrow" } << 15;
         QTest::newRow("a sequence that does not parse is no conflict and registers nothing")
             << QVariantMap { { "pen", "Ctrl+Shift" } } << QList<KeyCombination> {} << true
-            << QStringList {} << 14;
+            << QStringList {} << 15;
         QTest::newRow("a bare key is never registered nor a conflict")
             << QVariantMap { { "pen", "K" } } << QList<KeyCombination> {} << true << QStringList {}
-            << 14;
+            << 15;
         QTest::newRow("a bare key held elsewhere is not noticed")
             << QVariantMap { { "pen", "K" } } << QList<KeyCombination> { { 0, letter('K') } }
-            << true << QStringList {} << 14;
+            << true << QStringList {} << 15;
         QTest::newRow("without global keys every registration is refused")
             << QVariantMap {} << QList<KeyCombination> {} << false << QStringList { "*" } << 0;
     }
@@ -270,11 +272,11 @@ private slots:
 
         // The combination runs the action that holds it, and only that one.
         Recorder recorder(m_manager.get());
-        m_backend->pressHotkey(undoFlagged ? 1012 : 1011);
+        m_backend->pressHotkey(undoFlagged ? 1013 : 1012);
         QCOMPARE(recorder.events,
                  (QStringList { "keys(Ctrl+Shift+Z)", undoFlagged ? "redo" : "undo" }));
         recorder.events.clear();
-        m_backend->pressHotkey(undoFlagged ? 1011 : 1012);
+        m_backend->pressHotkey(undoFlagged ? 1012 : 1013);
         QCOMPARE(recorder.events, QStringList {});
     }
 
@@ -319,16 +321,17 @@ private slots:
         row("rectangle", 1007, "Alt+5", "tool(rectangle)");
         row("circle", 1008, "Alt+6", "tool(circle)");
         row("highlighter", 1009, "Alt+7", "tool(highlighter)");
-        row("undo", 1011, "Ctrl+Z", "undo");
-        row("redo", 1012, "Ctrl+Shift+Z", "redo");
-        row("clear", 1013, "Ctrl+Shift+K", "clear");
-        row("captureRegion", 1014, "Ctrl+Shift+A", "captureRegion");
-        row("captureFullScreen", 1015, "Ctrl+Shift+S", "captureFullScreen");
-        row("quit", 1016, "Ctrl+Shift+Q", "quit");
+        row("eraser", 1010, "Alt+8", "tool(eraser)");
+        row("undo", 1012, "Ctrl+Z", "undo");
+        row("redo", 1013, "Ctrl+Shift+Z", "redo");
+        row("clear", 1014, "Ctrl+Shift+K", "clear");
+        row("captureRegion", 1015, "Ctrl+Shift+A", "captureRegion");
+        row("captureFullScreen", 1016, "Ctrl+Shift+S", "captureFullScreen");
+        row("quit", 1017, "Ctrl+Shift+Q", "quit");
         QTest::newRow("keystrokes off: the command without its text")
             << 1001 << false << QStringList { "toggleOverlay" };
         QTest::newRow("Esc holds no registration, so its id does nothing")
-            << 1010 << true << QStringList {};
+            << 1011 << true << QStringList {};
         QTest::newRow("an id outside the table does nothing") << 42 << true << QStringList {};
     }
 
@@ -356,7 +359,7 @@ private slots:
 
         const int esc = KeyCode::Escape;
         QTest::newRow("bare Esc leaves drawing while the overlay takes commands")
-            << QVariantMap {} << true << esc << 0 << QStringList { "keys(Esc)", "tool(cursor)" };
+            << QVariantMap {} << true << esc << 0 << QStringList { "keys(Esc)", "exitToCursor" };
         QTest::newRow("bare Esc is only shown while the settings are open")
             << QVariantMap {} << false << esc << 0 << QStringList { "keys(Esc)" };
         QTest::newRow("Esc with Ctrl held is not the command")

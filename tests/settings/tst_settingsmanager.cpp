@@ -319,7 +319,7 @@ private slots:
         auto manager = makeManager();
         QCOMPARE(manager->spotlightRadius(), 120);
         QCOMPARE(manager->brushSize(), 5);
-        QCOMPARE(manager->hotkeyMap().size(), 16);
+        QCOMPARE(manager->hotkeyMap().size(), 17);
 
         QFile backup(m_store->filePath() + u".bad"_s);
         QVERIFY(backup.open(QIODevice::ReadOnly));
@@ -337,7 +337,7 @@ private slots:
         auto manager = makeManager();
         QVERIFY(manager->uiScale() >= 0.9 && manager->uiScale() <= 1.5);
         QVERIFY(manager->spotlightRadius() >= 60 && manager->spotlightRadius() <= 400);
-        QCOMPARE(manager->hotkeyMap().size(), 16);
+        QCOMPARE(manager->hotkeyMap().size(), 17);
         manager->setBrushSize(9);
         QCOMPARE(manager->brushSize(), 9);
     }

@@ -136,6 +136,27 @@ uint32_t XTestSession::rootPixel(QPoint global)
     return uint32_t(bytes[2]) << 16 | uint32_t(bytes[1]) << 8 | bytes[0];
 }
 
+QImage XTestSession::rootImage(const QRect &area)
+{
+    const auto reply = wrap(xcb_get_image_reply(
+        m_connection,
+        xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, m_root, int16_t(area.x()),
+                      int16_t(area.y()), uint16_t(area.width()), uint16_t(area.height()), ~0u),
+        nullptr));
+    if (!reply || xcb_get_image_data_length(reply.get()) < area.width() * area.height() * 4)
+        return {};
+    QImage image(xcb_get_image_data(reply.get()), area.width(), area.height(), area.width() * 4,
+                 QImage::Format_RGB32);
+    image = image.copy();
+    // The server leaves the pad byte as it likes; Qt reads it as alpha.
+    for (int y = 0; y < image.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x)
+            line[x] |= 0xff000000u;
+    }
+    return image;
+}
+
 int XTestSession::inputRectangleCount(uint32_t window)
 {
     auto reply = wrap(xcb_shape_get_rectangles_reply(

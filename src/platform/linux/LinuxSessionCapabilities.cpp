@@ -44,6 +44,15 @@ LinuxSessionCapabilities::Facts LinuxSessionCapabilities::currentFacts()
         facts.xinput2Extension = version && version->major_version >= 2;
         free(version);
     }
+    xcb_intern_atom_reply_t *selection = xcb_intern_atom_reply(
+        connection, xcb_intern_atom(connection, 0, 13, "_NET_WM_CM_S0"), nullptr);
+    if (selection) {
+        xcb_get_selection_owner_reply_t *owner = xcb_get_selection_owner_reply(
+            connection, xcb_get_selection_owner(connection, selection->atom), nullptr);
+        facts.compositingManager = owner && owner->owner != XCB_NONE;
+        free(owner);
+        free(selection);
+    }
     return facts;
 }
 
@@ -63,6 +72,7 @@ QString availabilitySentence(const QString &session, const LinuxSessionCapabilit
     (a.hotkeysAvailable ? available : missing) << QStringLiteral("global hotkeys");
     (a.clickThroughAvailable ? available : missing) << QStringLiteral("click-through");
     (a.inputVisualizationAvailable ? available : missing) << QStringLiteral("keystroke display");
+    (a.magnifierAvailable ? available : missing) << QStringLiteral("magnifier");
     QString text = session + QStringLiteral(".");
     if (!available.isEmpty())
         text += QStringLiteral(" Available: ") + listed(available) + QStringLiteral(".");
@@ -92,7 +102,11 @@ LinuxSessionCapabilities::Answers LinuxSessionCapabilities::evaluate(const Facts
         a.hotkeysAvailable = true;
         a.clickThroughAvailable = facts.shapeExtension;
         a.inputVisualizationAvailable = facts.xinput2Extension;
+        a.magnifierAvailable = facts.compositingManager;
         a.summary = availabilitySentence(QStringLiteral("X11 session"), a);
+        if (!a.magnifierAvailable)
+            a.summary += QStringLiteral(" The magnifier needs a compositing manager to see the "
+                                        "screen below its lens, and none runs.");
     } else if (a.usesX11Backend) {
         // XWayland lets an X client shape its own windows but shows it no
         // keys of other clients and refuses global grabs.

@@ -14,6 +14,9 @@ public:
         QString waylandDisplay; // WAYLAND_DISPLAY
         bool shapeExtension = false; // the X server can give a window an empty input shape
         bool xinput2Extension = false; // the X server reports raw key events
+        // A compositing manager owns the screen: windows keep pictures of
+        // their own, which the magnifier reads below its lens.
+        bool compositingManager = false;
     };
 
     struct Answers
@@ -26,6 +29,7 @@ public:
         bool clickThroughAvailable = false;
         bool inputVisualizationAvailable = false;
         bool portalRequired = false;
+        bool magnifierAvailable = false;
     };
 
     LinuxSessionCapabilities();
@@ -45,6 +49,7 @@ public:
         return m_answers.inputVisualizationAvailable;
     }
     bool portalRequired() const override { return m_answers.portalRequired; }
+    bool magnifierAvailable() const override { return m_answers.magnifierAvailable; }
 
 private:
     Answers m_answers;

@@ -2,26 +2,66 @@
 
 #include "platform/ScreenAreaGrabber.h"
 
+#include <QHash>
+#include <QList>
+#include <QRgb>
+
+#include <optional>
+#include <xcb/render.h>
 #include <xcb/xcb.h>
 
-// Composes the area from the off-screen pixmaps that the compositing manager
-// keeps for every top-level window, bottom to top, stopping below our window.
-// A plain grab of the root would contain the lens itself: X11 has no way to
-// keep a window out of a screen grab.
+// Rebuilds a screen area from the pictures that the compositing manager keeps
+// of every top-level window, bottom to top, with one window left out: X11 has
+// no way to keep a window out of a grab of the screen itself. The server
+// blends them with the same operations a compositing manager uses. The
+// desktop behind the windows is the root window's background picture, or,
+// where the compositing manager paints one of its own, the colour a grab of
+// the screen shows at free places near the area.
 class XcbCompositeGrabber final : public ScreenAreaGrabber
 {
 public:
     XcbCompositeGrabber();
 
-    QImage grab(QScreen *screen, const QRect &area, QWindow *above) override;
+    QImage grab(QScreen *screen, const QRect &area, QWindow *leftOut) override;
 
 private:
-    QImage composeBelow(const QRect &nativeArea, xcb_window_t stopAt);
-    xcb_window_t topLevelOf(xcb_window_t window) const;
-    QImage plainGrab(QScreen *screen, const QRect &area);
+    struct TopLevel
+    {
+        xcb_window_t id;
+        QRect rect; // border included, in root coordinates
+        QRect shown; // the part the compositing manager draws
+        int border;
+        xcb_render_pictformat_t format;
+        bool alpha;
+    };
+    class Pictures;
+
+    bool readFormats();
+    QList<TopLevel> viewableTopLevels();
+    void clipToFrames(QList<TopLevel> &windows);
+    xcb_window_t topLevelOf(xcb_window_t window);
+    xcb_render_picture_t newTarget(const QSize &size, xcb_pixmap_t *pixmap);
+    void compose(xcb_render_picture_t target, const QRect &source, const QPoint &at,
+                 const QList<TopLevel> &windows, xcb_window_t leftOut, Pictures &pictures);
+    void composeRootPicture(xcb_render_picture_t target, const QRect &source,
+                            xcb_pixmap_t rootPixmap);
+    static QList<QPoint> samplePoints(const QRect &area, const QRect &bounds);
 
     xcb_connection_t *m_connection = nullptr;
     xcb_window_t m_root = XCB_NONE;
-    bool m_compositeAvailable = false;
-    bool m_warnedPlainGrab = false;
+    xcb_atom_t m_managerSelection = XCB_NONE;
+    xcb_atom_t m_rootPixmapAtom = XCB_NONE;
+    xcb_atom_t m_frameExtentsAtom = XCB_NONE;
+    xcb_render_pictformat_t m_argbFormat = 0;
+    xcb_render_pictformat_t m_rootFormat = 0;
+    QHash<xcb_visualid_t, xcb_render_pictformat_t> m_formatOfVisual;
+    QHash<xcb_render_pictformat_t, bool> m_formatHasAlpha;
+    bool m_ready = false;
+    bool m_warnedNoManager = false;
+    xcb_window_t m_leftOutWindow = XCB_NONE;
+    xcb_window_t m_leftOutTopLevel = XCB_NONE;
+    std::optional<QRgb> m_desktopColour;
+    // Per top-level window and size: the part its frame shows, in the
+    // window's own coordinates.
+    QHash<xcb_window_t, QPair<QSize, QRect>> m_shownParts;
 };

@@ -1,5 +1,7 @@
 #include "platform/linux/XcbPointerActivity.h"
 
+#include "platform/PointerButtons.h"
+
 #include <QLoggingCategory>
 
 #include <cstdlib>
@@ -33,7 +35,8 @@ XcbPointerActivity::XcbPointerActivity()
         && (version->major_version > 2
             || (version->major_version == 2 && version->minor_version >= 2));
     std::free(version);
-    if (!screens.data || !recent) {
+    const xcb_query_extension_reply_t *input = xcb_get_extension_data(m_connection, &xcb_input_id);
+    if (!screens.data || !recent || !input) {
         qCInfo(lcPointerActivity)
             << "XcbPointerActivity: XInput 2.2 is missing, the poll reads every tick";
         return;
@@ -48,6 +51,7 @@ XcbPointerActivity::XcbPointerActivity()
                 | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE };
     xcb_input_xi_select_events(m_connection, screens.data->root, 1, &raw.head);
     xcb_flush(m_connection);
+    m_inputOpcode = input->major_opcode;
     m_watching = true;
 }
 
@@ -58,12 +62,24 @@ XcbPointerActivity::~XcbPointerActivity()
 
 bool XcbPointerActivity::takeActivity()
 {
+    m_pressed = 0;
     if (!m_watching || xcb_connection_has_error(m_connection))
         return true;
     // Only raw pointer events are selected, so any event means input.
     bool seen = false;
     while (xcb_generic_event_t *event = xcb_poll_for_event(m_connection)) {
         seen = true;
+        const auto *generic = reinterpret_cast<const xcb_ge_generic_event_t *>(event);
+        if ((event->response_type & 0x7f) == XCB_GE_GENERIC && generic->extension == m_inputOpcode
+            && generic->event_type == XCB_INPUT_RAW_BUTTON_PRESS) {
+            const auto *press = reinterpret_cast<const xcb_input_raw_button_press_event_t *>(event);
+            if (press->detail == 1)
+                m_pressed |= PointerButtons::Left;
+            else if (press->detail == 2)
+                m_pressed |= PointerButtons::Middle;
+            else if (press->detail == 3)
+                m_pressed |= PointerButtons::Right;
+        }
         std::free(event);
     }
     return seen;

@@ -19,9 +19,12 @@ public:
     XcbPointerActivity &operator=(const XcbPointerActivity &) = delete;
 
     bool takeActivity() override;
+    int pressedButtons() const override { return m_pressed; }
 
 private:
     xcb_connection_t *m_connection = nullptr;
     // False when the server offers no raw events: then every call says "maybe".
     bool m_watching = false;
+    uint8_t m_inputOpcode = 0;
+    int m_pressed = 0;
 };

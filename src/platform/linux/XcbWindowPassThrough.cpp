@@ -5,6 +5,7 @@
 #include <QPlatformSurfaceEvent>
 #include <QWindow>
 
+#include <vector>
 #include <xcb/shape.h>
 #include <xcb/xcb.h>
 
@@ -33,11 +34,24 @@ XcbWindowPassThrough::XcbWindowPassThrough(QObject *parent)
 
 void XcbWindowPassThrough::setPassThrough(QWindow *window, bool passThrough)
 {
+    want(window, Input { !passThrough, {} });
+}
+
+bool XcbWindowPassThrough::setInputArea(QWindow *window, const QRegion &area)
+{
+    if (!m_shapeAvailable)
+        return false;
+    want(window, Input { false, area });
+    return true;
+}
+
+void XcbWindowPassThrough::want(QWindow *window, const Input &input)
+{
     if (!window || !m_shapeAvailable)
         return;
     track(window);
     WindowState &state = m_windows[window];
-    state.wanted = passThrough;
+    state.wanted = input;
     apply(window, state);
 }
 
@@ -62,7 +76,7 @@ bool XcbWindowPassThrough::eventFilter(QObject *watched, QEvent *event)
             if (surfaceEvent == QPlatformSurfaceEvent::SurfaceCreated) {
                 // A new native window starts with no input region: it takes the mouse.
                 it->nativeWindow = static_cast<uint32_t>(window->winId());
-                it->applied = false;
+                it->applied = Input {};
                 apply(window, *it);
             } else {
                 it->nativeWindow = 0;
@@ -92,18 +106,28 @@ void XcbWindowPassThrough::apply(QWindow *window, WindowState &state)
         return;
     if (state.applied == state.wanted)
         return;
-    writeRegion(state.nativeWindow, state.wanted);
+    writeRegion(state.nativeWindow, state.wanted, window->devicePixelRatio());
     state.applied = state.wanted;
 }
 
-void XcbWindowPassThrough::writeRegion(uint32_t nativeWindow, bool passThrough)
+void XcbWindowPassThrough::writeRegion(uint32_t nativeWindow, const Input &input, qreal ratio)
 {
-    if (passThrough) {
-        xcb_shape_rectangles(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT,
-                             XCB_CLIP_ORDERING_UNSORTED, nativeWindow, 0, 0, 0, nullptr);
-    } else {
+    if (input.whole) {
         xcb_shape_mask(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, nativeWindow, 0, 0,
                        XCB_NONE);
+    } else {
+        // The server counts in device pixels.
+        std::vector<xcb_rectangle_t> rectangles;
+        for (const QRect &rect : input.area) {
+            const QRect device =
+                QRectF(QPointF(rect.topLeft()) * ratio, QSizeF(rect.size()) * ratio)
+                    .toAlignedRect();
+            rectangles.push_back({ int16_t(device.x()), int16_t(device.y()),
+                                   uint16_t(device.width()), uint16_t(device.height()) });
+        }
+        xcb_shape_rectangles(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT,
+                             XCB_CLIP_ORDERING_UNSORTED, nativeWindow, 0, 0,
+                             uint32_t(rectangles.size()), rectangles.data());
     }
     // The poll decides in one event-loop turn; the server should see it now.
     xcb_flush(m_connection);

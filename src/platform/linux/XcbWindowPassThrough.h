@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QRegion>
 
 #include <cstdint>
 #include <optional>
@@ -11,7 +12,8 @@
 struct xcb_connection_t;
 
 // Mouse pass-through through the window's XShape input region: an empty
-// region lets every click fall to the window below, no region takes them all.
+// region lets every click fall to the window below, no region takes them all,
+// and an area takes the clicks inside it only.
 // Qt's own transparent-for-input flag resets the region to the window's size
 // at the moment it is cleared, so a later resize would leave the new area
 // click-through; the region is therefore written here directly.
@@ -24,24 +26,34 @@ public:
     explicit XcbWindowPassThrough(QObject *parent = nullptr);
 
     void setPassThrough(QWindow *window, bool passThrough) override;
+    bool setInputArea(QWindow *window, const QRegion &area) override;
     void excludeFromCapture(QWindow *window) override;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    // Where the window takes the mouse: all of it, or the area (none when empty).
+    struct Input
+    {
+        bool whole = true;
+        QRegion area;
+        bool operator==(const Input &) const = default;
+    };
+
     struct WindowState
     {
-        bool wanted = false;
+        Input wanted;
         // Native window the region belongs to, and what it holds; unknown for
         // a window that existed before it was handed to us.
         uint32_t nativeWindow = 0;
-        std::optional<bool> applied;
+        std::optional<Input> applied;
     };
 
+    void want(QWindow *window, const Input &input);
     void track(QWindow *window);
     void apply(QWindow *window, WindowState &state);
-    void writeRegion(uint32_t nativeWindow, bool passThrough);
+    void writeRegion(uint32_t nativeWindow, const Input &input, qreal ratio);
 
     xcb_connection_t *m_connection = nullptr;
     bool m_shapeAvailable = false;

@@ -14,4 +14,6 @@ public:
     bool clickThroughAvailable() const override { return false; }
     bool inputVisualizationAvailable() const override { return false; }
     bool portalRequired() const override { return false; }
+    // Windows keeps the controls window out of screen grabs.
+    bool magnifierAvailable() const override { return true; }
 };

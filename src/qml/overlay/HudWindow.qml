@@ -150,6 +150,14 @@ Window {
     onControlsChromeVisibleChanged: root.syncInteractiveRectsLater()
     Component.onCompleted: root.syncInteractiveRectsLater()
 
+    // X11 cannot keep a window out of a screen grab, so for a still capture
+    // the whole HUD steps aside at once: key caps, toast, lens and cards too.
+    Binding {
+        target: root.contentItem
+        property: "visible"
+        value: !appController.captureInProgress
+    }
+
     Timer {
         id: controlsHideTimer
 

@@ -82,6 +82,7 @@ Item {
 
     MagnifierLensItem {
         id: lensItem
+        objectName: "magnifierLensItem"
         anchors.fill: parent
         anchors.margins: AppTheme.px(3)
         active: root.visible

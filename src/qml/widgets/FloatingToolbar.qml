@@ -16,7 +16,7 @@ Item {
     readonly property var tools: ["cursor", "spotlight", "pen", "arrow", "rectangle", "circle", "highlighter"]
     readonly property var colorPalette: [AppTheme.red, AppTheme.yellow, AppTheme.green, AppTheme.blue,
                                          AppTheme.magenta, AppTheme.text]
-    readonly property bool magnifierAvailable: AppTheme.isWindows || AppTheme.isLinux
+    readonly property bool magnifierAvailable: appController.magnifierAvailable
     // The menus always count as 142 high, so that a click on an open menu
     // reaches it through the click-through test.
     readonly property int captureRecordMenuExtraHeight: captureMenu.open
@@ -44,9 +44,9 @@ Item {
         recordMenu.open = false;
     }
 
-    function menuX(button) {
+    function menuX(button: Item, menu: ToolbarMenu): real {
         const x = button.mapToItem(root, 0, 0).x;
-        return Math.max(pill.x, Math.min(x, pill.x + pill.width - captureMenu.panelWidth));
+        return Math.max(pill.x, Math.min(x, pill.x + pill.width - menu.panelWidth));
     }
 
     width: pill.width + AppTheme.px(20)
@@ -120,6 +120,7 @@ Item {
             }
             ToolbarSeparator {}
             ToolbarButton {
+                objectName: "magnifierButton"
                 visible: root.magnifierAvailable
                 iconSrc: root.iconBase + "magnifier.svg"
                 toolTip: qsTr("Magnifier lens")
@@ -190,13 +191,13 @@ Item {
 
     ToolbarCaptureMenu {
         id: captureMenu
-        panelX: root.menuX(captureButton)
+        panelX: root.menuX(captureButton, captureMenu)
         panelY: pill.y + pill.height + AppTheme.px(6)
     }
 
     ToolbarRecordMenu {
         id: recordMenu
-        panelX: root.menuX(recordSlot)
+        panelX: root.menuX(recordSlot, recordMenu)
         panelY: pill.y + pill.height + AppTheme.px(6)
     }
 

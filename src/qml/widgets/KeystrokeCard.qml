@@ -21,6 +21,7 @@ Item {
         ["rectangle", qsTr("Rect")],
         ["circle", qsTr("Ellipse")],
         ["highlighter", qsTr("Highlight")],
+        ["eraser", qsTr("Eraser")],
         ["exitToCursor", qsTr("Cursor")],
         ["undo", qsTr("Undo")],
         ["redo", qsTr("Redo")],

@@ -9,7 +9,7 @@ Item {
 
     readonly property var rows: [
         { keys: root.keyText("toggleOverlay"), label: qsTr("Toggle overlay on / off") },
-        { keys: "Alt 1–7", label: qsTr("Switch tools") },
+        { keys: "Alt 1–8", label: qsTr("Switch tools") },
         { keys: root.keyText("undo"), label: qsTr("Undo last stroke") },
         { keys: "Esc", label: qsTr("Exit drawing mode") },
         { keys: "?", label: qsTr("Hold for all shortcuts") }

@@ -71,6 +71,13 @@ Item {
         openAnimation.restart();
     }
 
+    // Ahead of the window shortcuts: while the dialog is open, Esc and Return
+    // are its own.
+    Keys.onShortcutOverride: function (event) {
+        event.accepted = event.key === Qt.Key_Escape || event.key === Qt.Key_Return
+                || event.key === Qt.Key_Enter;
+    }
+
     Keys.onPressed: function (event) {
         if (event.key === Qt.Key_Escape) {
             event.accepted = true;
@@ -97,7 +104,8 @@ Item {
 
         objectName: "quitCard"
         anchors.centerIn: parent
-        width: AppTheme.px(380)
+        // Wider only where the footer would not fit on one line.
+        width: Math.max(AppTheme.px(380), footer.implicitWidth + 2 * AppTheme.px(24))
         height: content.implicitHeight + AppTheme.px(48)
         radius: AppTheme.px(12)
         color: "#F51C1E26"
@@ -268,10 +276,11 @@ Item {
             }
 
             Text {
+                id: footer
+
                 objectName: "quitFooter"
                 width: content.width
                 horizontalAlignment: Text.AlignRight
-                wrapMode: Text.WordWrap
                 text: (root.quitShortcutText !== "" ? qsTr("triggered by %1").arg(root.quitShortcutText)
                                                     : qsTr("triggered by quit shortcut"))
                       + qsTr(" · Esc to cancel · Enter to confirm")

@@ -14,7 +14,7 @@ Item {
     // Where the card is, in the coordinates of the item it fills.
     readonly property rect cardRect: Qt.rect(card.x, card.y, card.width, card.height)
     readonly property var rows: [
-        { action: "", keys: "Alt 1-7", label: qsTr("Switch tool") },
+        { action: "", keys: "Alt 1-8", label: qsTr("Switch tool") },
         { action: "spotlight", keys: root.keyText("spotlight"), label: qsTr("Spotlight mode") },
         { action: "exitToCursor", keys: root.keyText("exitToCursor"), label: qsTr("Exit drawing") },
         { action: "undo", keys: root.keyText("undo"), label: qsTr("Undo") },

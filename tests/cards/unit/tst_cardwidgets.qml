@@ -167,8 +167,8 @@ Item {
 
         function test_onboardingChips_data() {
             return [
-                { tag: "default keys, blank-joined", undo: "Ctrl+Z", toggle: "F5", keys: ["F5", "Alt 1–7", "Ctrl Z", "Esc", "?"] },
-                { tag: "the logo key reads Super", undo: "Ctrl+Win+Z", toggle: "Win+F5", keys: ["Super F5", "Alt 1–7", "Ctrl Super Z", "Esc", "?"] },
+                { tag: "default keys, blank-joined", undo: "Ctrl+Z", toggle: "F5", keys: ["F5", "Alt 1–8", "Ctrl Z", "Esc", "?"] },
+                { tag: "the logo key reads Super", undo: "Ctrl+Win+Z", toggle: "Win+F5", keys: ["Super F5", "Alt 1–8", "Ctrl Super Z", "Esc", "?"] },
             ];
         }
 
@@ -241,17 +241,25 @@ Item {
         }
 
         function test_quitFooter_data() {
+            const named = "triggered by Ctrl Shift Q · Esc to cancel · Enter to confirm";
             return [
-                { tag: "names the quit hotkey", quit: "Ctrl+Shift+Q", text: "triggered by Ctrl Shift Q · Esc to cancel · Enter to confirm" },
-                { tag: "the logo key reads Super", quit: "Win+Q", text: "triggered by Super Q · Esc to cancel · Enter to confirm" },
-                { tag: "no hotkey", quit: "", text: "triggered by quit shortcut · Esc to cancel · Enter to confirm" },
+                { tag: "names the quit hotkey at 90 %", scale: 0.9, quit: "Ctrl+Shift+Q", text: named },
+                { tag: "names the quit hotkey at 100 %", scale: 1.0, quit: "Ctrl+Shift+Q", text: named },
+                { tag: "names the quit hotkey at 150 %", scale: 1.5, quit: "Ctrl+Shift+Q", text: named },
+                { tag: "the logo key reads Super", scale: 1.2, quit: "Win+Q", text: "triggered by Super Q · Esc to cancel · Enter to confirm" },
+                { tag: "no hotkey", scale: 1.2, quit: "", text: "triggered by quit shortcut · Esc to cancel · Enter to confirm" },
             ];
         }
 
         function test_quitFooter(data) {
+            settingsManager.uiScale = data.scale;
             const dialog = testCase.openQuitDialog();
             testCase.setHotkey("quit", data.quit);
-            compare(findChild(dialog, "quitFooter").text, data.text);
+            const footer = findChild(dialog, "quitFooter");
+            compare(footer.text, data.text);
+            // On one line, whole, inside the card.
+            compare(footer.lineCount, 1);
+            verify(footer.implicitWidth <= footer.width, footer.implicitWidth + " > " + footer.width);
         }
 
         // --- Help button --------------------------------------------------------
@@ -302,7 +310,7 @@ Item {
             const holder = createTemporaryObject(shortcutComponent, scene);
             testCase.setHotkey(data.action, data.sequence);
             compare(findChild(holder.card, "shortcutKey_" + data.action).keys, data.keys);
-            compare(findChild(holder.card, "shortcutKey_").keys, "Alt 1-7");
+            compare(findChild(holder.card, "shortcutKey_").keys, "Alt 1-8");
         }
 
         function test_shortcutQuitSentence_data() {

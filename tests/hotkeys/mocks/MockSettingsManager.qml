@@ -14,6 +14,7 @@ QtObject {
             rectangle: "Alt+5",
             circle: "Alt+6",
             highlighter: "Alt+7",
+            eraser: "Alt+8",
             exitToCursor: "Esc",
             undo: "Ctrl+Z",
             redo: "Ctrl+Shift+Z",

@@ -29,6 +29,8 @@ QtObject {
                                "spotlight": "Alt+2",
                                "exitToCursor": "Esc",
                                "undo": "Ctrl+Z",
+                               "captureRegion": "Ctrl+Shift+A",
+                               "captureFullScreen": "Ctrl+Shift+S",
                                "quit": "Ctrl+Shift+Q"
                            })
 

@@ -44,6 +44,25 @@ Item {
         value: 48
     }
 
+    Component {
+        id: captureMenuComponent
+
+        Item {
+            property alias menu: captureMenu
+
+            width: 600
+            height: 400
+
+            ToolbarCaptureMenu {
+                id: captureMenu
+
+                open: true
+                panelX: 10
+                panelY: 10
+            }
+        }
+    }
+
     SignalSpy {
         id: normalSpy
 
@@ -160,6 +179,37 @@ Item {
         function test_readoutRounds() {
             slider.value = 47.6;
             compare(findChild(slider, "winSliderReadout").text, "48 px");
+        }
+    }
+
+    TestCase {
+        name: "ToolbarCaptureMenu"
+        when: windowShown
+
+        function cleanup() {
+            settingsManager.uiScale = 1.2;
+        }
+
+        function test_rowsShowTheirWholeText_data() {
+            return [
+                { tag: "90 %", scale: 0.9 },
+                { tag: "100 %", scale: 1.0 },
+                { tag: "150 %", scale: 1.5 },
+            ];
+        }
+
+        function test_rowsShowTheirWholeText(data) {
+            settingsManager.uiScale = data.scale;
+            const holder = createTemporaryObject(captureMenuComponent, scene);
+            const labels = [];
+            for (let i = 0; i < holder.menu.rows.length; ++i) {
+                const label = findChild(holder.menu.rows[i], "ctxItemLabel");
+                const shortcut = findChild(holder.menu.rows[i], "ctxItemShortcut");
+                labels.push(label.text);
+                verify(!label.truncated, label.text + " is cut");
+                verify(label.x + label.implicitWidth <= shortcut.x, label.text + " runs into its keys");
+            }
+            compare(labels, ["Rectangle snip", "Window snip", "Full screen snip"]);
         }
     }
 }
