@@ -20,7 +20,6 @@ public:
     QString label() const { return m_label; }
     bool isChecked() const { return m_checked; }
     void setChecked(bool checked);
-    bool isMuted() const { return m_muted; }
     void setMuted(bool muted);
 
 signals:

@@ -83,50 +83,52 @@ private slots:
         QCOMPARE(header->subtitle(), QStringLiteral("Overlay on · 2 displays"));
 
         // Each click acts at once and leaves the menu open.
-        const auto clickRow = [&](const QString &label) {
-            const QList<TrayRow *> rows = menu->findChildren<TrayRow *>();
-            const auto it = std::find_if(rows.cbegin(), rows.cend(),
-                                         [&](TrayRow *row) { return row->label() == label; });
-            QVERIFY2(it != rows.cend(), qPrintable(label));
-            m_session.click((*it)->mapToGlobal((*it)->rect().center()));
+        const QList<TrayRow *> rows = menu->findChildren<TrayRow *>();
+        const auto row = [&](const char *label) {
+            const auto it = std::find_if(rows.cbegin(), rows.cend(), [&](TrayRow *r) {
+                return r->label() == QString::fromUtf8(label);
+            });
+            return it == rows.cend() ? nullptr : *it;
         };
-        const auto checked = [&](const QString &label) {
-            const QList<TrayRow *> rows = menu->findChildren<TrayRow *>();
-            for (TrayRow *row : rows) {
-                if (row->label() == label)
-                    return row->isChecked();
-            }
-            return false;
+        const auto clickRow = [&](const char *label) {
+            m_session.click(row(label)->mapToGlobal(row(label)->rect().center()));
         };
+        const auto checked = [&](const char *label) {
+            return row(label)->isChecked();
+        };
+        for (const char *label : { "Spotlight", "Drawing Mode", "Click Effects",
+                                   "Keystroke Display", "Always show controls", "Pause overlay",
+                                   "Settings…", "Choose displays…", "Quit Glimmora" })
+            QVERIFY2(row(label), label);
 
         const bool ripple = settings.clickRippleEnabled();
-        clickRow(QStringLiteral("Click Effects"));
+        clickRow("Click Effects");
         QTRY_COMPARE(settings.clickRippleEnabled(), !ripple);
-        QCOMPARE(checked(QStringLiteral("Click Effects")), !ripple);
+        QCOMPARE(checked("Click Effects"), !ripple);
         QVERIFY(menu->isVisible());
 
-        clickRow(QStringLiteral("Spotlight"));
+        clickRow("Spotlight");
         QTRY_COMPARE(controller.currentTool(), QStringLiteral("spotlight"));
-        QVERIFY(checked(QStringLiteral("Spotlight")));
-        QVERIFY(!checked(QStringLiteral("Drawing Mode")));
+        QVERIFY(checked("Spotlight"));
+        QVERIFY(!checked("Drawing Mode"));
 
-        clickRow(QStringLiteral("Pause overlay"));
+        clickRow("Pause overlay");
         QTRY_VERIFY(!controller.overlayEnabled());
         QCOMPARE(header->subtitle(), QStringLiteral("Overlay paused"));
         // Paused, both mode switches show off and still change the tool.
-        QVERIFY(!checked(QStringLiteral("Spotlight")));
-        clickRow(QStringLiteral("Drawing Mode"));
+        QVERIFY(!checked("Spotlight"));
+        clickRow("Drawing Mode");
         QTRY_COMPARE(controller.currentTool(), QStringLiteral("pen"));
-        QVERIFY(!checked(QStringLiteral("Drawing Mode")));
+        QVERIFY(!checked("Drawing Mode"));
 
-        clickRow(QStringLiteral("Pause overlay"));
+        clickRow("Pause overlay");
         QTRY_VERIFY(controller.overlayEnabled());
-        QVERIFY(checked(QStringLiteral("Drawing Mode")));
+        QVERIFY(checked("Drawing Mode"));
 
         QSignalSpy quitAsked(&controller, &AppController::quitRequested);
-        clickRow(QStringLiteral("Quit Glimmora"));
+        clickRow("Quit Glimmora");
         QTRY_COMPARE(quitAsked.count(), 1);
-        clickRow(QStringLiteral("Settings…"));
+        clickRow("Settings…");
         QTRY_VERIFY(controller.settingsVisible());
         QVERIFY(menu->isVisible());
         controller.hideSettings();

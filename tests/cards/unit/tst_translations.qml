@@ -77,10 +77,10 @@ Item {
         }
 
         function cleanupTestCase() {
-            themeTest.switchLanguage("en");
+            themeTest.switchLanguage("en"); // qmllint disable unqualified
         }
 
-        function texts(item: Item) {
+        function texts(item: Item): var {
             let found = [];
             for (let i = 0; i < item.children.length; ++i) {
                 const child = item.children[i];
@@ -135,11 +135,14 @@ Item {
         }
 
         function test_textsFit_data() {
-            return ["en", "de", "es", "fr", "ja", "ko", "pt-BR", "ru", "vi", "zh-CN"].map(code => ({ tag: code, code: code }));
+            let rows = [];
+            for (const code of ["en", "de", "es", "fr", "ja", "ko", "pt-BR", "ru", "vi", "zh-CN"])
+                rows.push({ tag: code, code: code });
+            return rows;
         }
 
         function test_textsFit(data) {
-            compare(themeTest.switchLanguage(data.code), data.code !== "en");
+            compare(themeTest.switchLanguage(data.code), data.code !== "en"); // qmllint disable unqualified
             // A translated badge no longer reads English.
             compare(findChild(badge, "badgeLabel").text === "Glimmora · Cursor", data.code === "en");
             waitForRendering(stage);
