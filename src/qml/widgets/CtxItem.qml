@@ -21,9 +21,6 @@ Item {
     implicitWidth: labelText.x + labelText.implicitWidth + AppTheme.px(8)
                    + (root.shortcut !== "" ? shortcutText.implicitWidth + AppTheme.px(12) : AppTheme.px(4))
     width: parent ? parent.width : AppTheme.px(208)
-    // The whole label and shortcut side by side, for a menu that fits its rows.
-    implicitWidth: labelText.x + labelText.implicitWidth + AppTheme.px(8) + shortcutText.implicitWidth
-                   + AppTheme.px(12)
     height: AppTheme.menuItemHeight
 
     Rectangle {
