@@ -238,9 +238,27 @@ void AppController::copyToClipboard(const QString &text)
 
 void AppController::reportKeystroke(const QString &combo)
 {
+    // Keys typed into a lock screen are nobody's business.
+    if (m_sessionLocked)
+        return;
     // No equality test: a repeated key must renew the display.
     m_lastKeystroke = combo;
     emit keystrokeChanged();
+}
+
+void AppController::setSessionLocked(bool locked)
+{
+    if (locked == m_sessionLocked)
+        return;
+    m_sessionLocked = locked;
+    // A card still up when the lock begins goes now, so that nothing typed
+    // into the lock screen is left to read after it.
+    if (locked && !m_lastKeystroke.isEmpty()) {
+        m_lastKeystroke.clear();
+        emit keystrokeChanged();
+    }
+    qCInfo(lcController) << "AppController: session" << (locked ? "locked" : "unlocked");
+    emit sessionLockedChanged();
 }
 
 void AppController::toggleToolbar()
@@ -599,8 +617,6 @@ void AppController::refreshClickThroughState()
     const bool interactive =
         ClickThroughPolicy::hudInteractive(state, p, controlScreenGeometryAt(p));
     m_overlayManager->setWindowClickThrough(hudKey, !interactive);
-    // Every refresh, so the HUD stays above the overlay windows.
-    m_overlayManager->raiseWindow(hudKey);
     m_lastHudInteractive = interactive;
 }
 

@@ -83,6 +83,7 @@ class AppController : public QObject
     Q_PROPERTY(int recordingElapsed READ recordingElapsed NOTIFY recordingElapsedChanged FINAL)
     Q_PROPERTY(bool captureInProgress READ captureInProgress NOTIFY captureInProgressChanged FINAL)
     Q_PROPERTY(bool regionSelecting READ regionSelecting NOTIFY regionSelectingChanged FINAL)
+    Q_PROPERTY(bool sessionLocked READ sessionLocked NOTIFY sessionLockedChanged FINAL)
 
 public:
     // Every manager may be null; each use tests for it.
@@ -135,6 +136,8 @@ public:
     int recordingElapsed() const;
     bool captureInProgress() const { return m_captureInProgress; }
     bool regionSelecting() const { return m_regionSelecting; }
+    // A screen locker is up: no keystroke text is taken in meanwhile.
+    bool sessionLocked() const { return m_sessionLocked; }
 
     void setToolbarRect(const QRectF &rect);
     void setHelpButtonRect(const QRectF &rect);
@@ -171,6 +174,7 @@ public slots:
     void openColorDialog();
     void copyToClipboard(const QString &text);
     void reportKeystroke(const QString &combo);
+    void setSessionLocked(bool locked);
     void toggleToolbar();
     void setToolbarVisible(bool visible);
     void setModalActive(bool active);
@@ -224,6 +228,7 @@ signals:
     void recordingElapsedChanged();
     void captureInProgressChanged();
     void regionSelectingChanged();
+    void sessionLockedChanged();
     void settingsPageRequested(const QString &pageId);
     void regionCaptureRequested();
     void recordingSaved(const QString &path);
@@ -287,6 +292,7 @@ private:
     QRectF m_modalRect;
     bool m_captureInProgress = false;
     bool m_regionSelecting = false;
+    bool m_sessionLocked = false;
     bool m_savedOverlayEnabled = true;
     bool m_savedToolbarVisible = true;
 };

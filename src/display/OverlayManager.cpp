@@ -39,12 +39,6 @@ void OverlayManager::setWindowClickThrough(const QString &displayId, bool enable
     }
 }
 
-void OverlayManager::raiseWindow(const QString &displayId)
-{
-    if (QWindow *window = m_windows.value(displayId))
-        window->raise();
-}
-
 void OverlayManager::registerWindow(const QString &id, QWindow *window)
 {
     if (!window)

@@ -33,7 +33,6 @@ public:
 
     void setClickThrough(bool enabled);
     void setWindowClickThrough(const QString &displayId, bool enabled);
-    void raiseWindow(const QString &displayId);
     void registerWindow(const QString &id, QWindow *window);
     void unregisterWindow(const QString &id);
 

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QList>
+#include <QRect>
+
+#include <cstdint>
+
+// One top-level window of the desktop as the window system lists it.
+struct StackedWindow
+{
+    uint32_t id = 0;
+    bool viewable = false;
+    // Stacked by its owner, not by the window manager: lockers, menus,
+    // tooltips, notifications, and the program's own overlays.
+    bool overrideRedirect = false;
+    // Made by this program (its overlays, but also its own menus).
+    bool fromThisProgram = false;
+};
+
+// Puts `window` directly above `sibling`.
+struct RestackStep
+{
+    uint32_t window = 0;
+    uint32_t sibling = 0;
+
+    bool operator==(const RestackStep &) const = default;
+};
+
+// Where the program's windows stand among the others. They go directly above
+// the top-most ordinary (managed) window, in their own order, so that other
+// programs' override-redirect windows that came later, such as a screen
+// locker or a menu, stay above them as X11 convention has it.
+namespace StackingPolicy {
+
+// The steps that bring the viewable ones of `ours` (wanted order, bottom to
+// top) into place in `bottomToTop`; none when they already stand above every
+// ordinary window in that order.
+QList<RestackStep> restack(const QList<StackedWindow> &bottomToTop, const QList<uint32_t> &ours);
+
+// Other programs' viewable override-redirect windows above the top-most of
+// ours: where a screen locker would be.
+QList<uint32_t> windowsAboveOurs(const QList<StackedWindow> &bottomToTop,
+                                 const QList<uint32_t> &ours);
+
+// A locker's window covers a whole monitor.
+bool coversAMonitor(const QRect &window, const QList<QRect> &monitors);
+
+} // namespace StackingPolicy

@@ -1,0 +1,277 @@
+#include "platform/linux/XcbOverlayStacking.h"
+
+#include <QGuiApplication>
+#include <QLoggingCategory>
+#include <QSocketNotifier>
+#include <QWindow>
+
+#include <cstdlib>
+#include <xcb/randr.h>
+
+Q_LOGGING_CATEGORY(lcStacking, "glimmora.platform")
+
+std::unique_ptr<OverlayStacking> OverlayStacking::create()
+{
+    return std::make_unique<XcbOverlayStacking>();
+}
+
+namespace {
+
+struct Free
+{
+    void operator()(void *pointer) const { std::free(pointer); }
+};
+template<typename T>
+using Reply = std::unique_ptr<T, Free>;
+
+// A window raised over and over by another client is followed at most once
+// per pointer-poll tick.
+constexpr qint64 restackIntervalMs = 16;
+
+} // namespace
+
+XcbOverlayStacking::XcbOverlayStacking()
+{
+    m_checkTimer.setSingleShot(true);
+    connect(&m_checkTimer, &QTimer::timeout, this, &XcbOverlayStacking::check);
+    connect(&m_busLock, &DBusScreenLockWatch::lockedChanged, this, [this] {
+        emit sessionLockedChanged();
+        scheduleCheck();
+    });
+
+    auto *x11 = qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+    if (!x11 || !x11->connection())
+        return;
+    const xcb_setup_t *programSetup = xcb_get_setup(x11->connection());
+    m_programIdBase = programSetup->resource_id_base;
+    m_programIdMask = programSetup->resource_id_mask;
+
+    // A connection of our own: the toolkit's would read every window's
+    // notifications as its own root window's.
+    int screenNumber = 0;
+    m_connection = xcb_connect(nullptr, &screenNumber);
+    if (xcb_connection_has_error(m_connection)) {
+        qCWarning(lcStacking) << "XcbOverlayStacking: no second X connection;"
+                              << "windows mapped later may cover the overlays";
+        xcb_disconnect(m_connection);
+        m_connection = nullptr;
+        return;
+    }
+    xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(m_connection));
+    for (int i = 0; i < screenNumber && screens.rem; ++i)
+        xcb_screen_next(&screens);
+    m_root = screens.data->root;
+    const uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+    xcb_change_window_attributes(m_connection, m_root, XCB_CW_EVENT_MASK, &mask);
+    xcb_flush(m_connection);
+
+    m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection),
+                                                   QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &XcbOverlayStacking::readEvents);
+}
+
+XcbOverlayStacking::~XcbOverlayStacking()
+{
+    m_notifier.reset();
+    if (m_connection)
+        xcb_disconnect(m_connection);
+}
+
+void XcbOverlayStacking::setWindows(const QList<QWindow *> &bottomToTop)
+{
+    m_windows.clear();
+    for (QWindow *window : bottomToTop)
+        m_windows.append(window);
+    scheduleCheck();
+}
+
+void XcbOverlayStacking::readEvents()
+{
+    while (xcb_generic_event_t *event = xcb_poll_for_event(m_connection)) {
+        handleEvent(event);
+        std::free(event);
+    }
+    if (xcb_connection_has_error(m_connection)) {
+        qCWarning(lcStacking) << "XcbOverlayStacking: the X connection broke";
+        m_notifier->setEnabled(false);
+    }
+}
+
+void XcbOverlayStacking::handleEvent(const xcb_generic_event_t *event)
+{
+    switch (event->response_type & 0x7f) {
+    case XCB_MAP_NOTIFY:
+    case XCB_CIRCULATE_NOTIFY:
+    case XCB_REPARENT_NOTIFY:
+        scheduleCheck();
+        break;
+    case XCB_CONFIGURE_NOTIFY: {
+        const auto *configure = reinterpret_cast<const xcb_configure_notify_event_t *>(event);
+        if (configure->event != m_root || ourWindows().contains(configure->window))
+            break;
+        const auto known = m_aboveSibling.constFind(configure->window);
+        if (known != m_aboveSibling.cend() && *known == configure->above_sibling)
+            break;
+        m_aboveSibling.insert(configure->window, configure->above_sibling);
+        scheduleCheck();
+        break;
+    }
+    case XCB_UNMAP_NOTIFY:
+        forgetWindow(reinterpret_cast<const xcb_unmap_notify_event_t *>(event)->window);
+        break;
+    case XCB_DESTROY_NOTIFY: {
+        const uint32_t window = reinterpret_cast<const xcb_destroy_notify_event_t *>(event)->window;
+        m_aboveSibling.remove(window);
+        forgetWindow(window);
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+void XcbOverlayStacking::forgetWindow(uint32_t window)
+{
+    if (!m_lockers.remove(window))
+        return;
+    if (m_lockers.isEmpty()) {
+        qCInfo(lcStacking) << "XcbOverlayStacking: the screen locker is gone";
+        if (!m_busLock.locked())
+            emit sessionLockedChanged();
+        scheduleCheck();
+    }
+}
+
+void XcbOverlayStacking::scheduleCheck()
+{
+    if (!m_connection || m_checkTimer.isActive())
+        return;
+    const qint64 since = m_sinceRestack.isValid() ? m_sinceRestack.elapsed() : restackIntervalMs;
+    m_checkTimer.start(int(std::max<qint64>(0, restackIntervalMs - since)));
+}
+
+void XcbOverlayStacking::check()
+{
+    const QList<uint32_t> ours = ourWindows();
+    if (ours.isEmpty())
+        return;
+    const QList<StackedWindow> stack = queryStack();
+    findLockers(stack, ours);
+    if (!sessionLocked()) {
+        const QList<RestackStep> steps = StackingPolicy::restack(stack, ours);
+        for (const RestackStep &step : steps) {
+            const uint32_t values[] = { step.sibling, XCB_STACK_MODE_ABOVE };
+            xcb_configure_window(m_connection, step.window,
+                                 XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE, values);
+        }
+        if (!steps.isEmpty()) {
+            xcb_flush(m_connection);
+            m_sinceRestack.start();
+        }
+    }
+    // The replies above may have brought notifications along that the socket
+    // will not announce again.
+    while (xcb_generic_event_t *event = xcb_poll_for_queued_event(m_connection)) {
+        handleEvent(event);
+        std::free(event);
+    }
+}
+
+QList<uint32_t> XcbOverlayStacking::ourWindows() const
+{
+    QList<uint32_t> ids;
+    for (const QPointer<QWindow> &window : m_windows) {
+        // winId() would create a native window that is not wanted yet.
+        if (window && window->handle())
+            ids.append(uint32_t(window->winId()));
+    }
+    return ids;
+}
+
+QList<StackedWindow> XcbOverlayStacking::queryStack()
+{
+    QList<StackedWindow> stack;
+    const Reply<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, m_root), nullptr));
+    if (!tree)
+        return stack;
+    const xcb_window_t *children = xcb_query_tree_children(tree.get());
+    const int count = xcb_query_tree_children_length(tree.get());
+    QList<xcb_get_window_attributes_cookie_t> cookies;
+    cookies.reserve(count);
+    for (int i = 0; i < count; ++i)
+        cookies.append(xcb_get_window_attributes(m_connection, children[i]));
+    for (int i = 0; i < count; ++i) {
+        const Reply<xcb_get_window_attributes_reply_t> attributes(
+            xcb_get_window_attributes_reply(m_connection, cookies.at(i), nullptr));
+        // A window destroyed meanwhile has no attributes and is left out.
+        if (!attributes)
+            continue;
+        stack.append({ children[i], attributes->map_state == XCB_MAP_STATE_VIEWABLE,
+                       bool(attributes->override_redirect), fromThisProgram(children[i]) });
+    }
+    return stack;
+}
+
+void XcbOverlayStacking::findLockers(const QList<StackedWindow> &stack, const QList<uint32_t> &ours)
+{
+    // A locker that vanished without a word to us is no longer one.
+    const bool wasLocked = sessionLocked();
+    for (auto it = m_lockers.begin(); it != m_lockers.end();) {
+        const bool viewable =
+            std::any_of(stack.cbegin(), stack.cend(),
+                        [&](const StackedWindow &w) { return w.id == *it && w.viewable; });
+        it = viewable ? std::next(it) : m_lockers.erase(it);
+    }
+
+    const QList<uint32_t> above = StackingPolicy::windowsAboveOurs(stack, ours);
+    QList<xcb_get_geometry_cookie_t> cookies;
+    for (uint32_t window : above)
+        cookies.append(xcb_get_geometry(m_connection, window));
+    QList<QRect> screens;
+    for (qsizetype i = 0; i < above.size(); ++i) {
+        const Reply<xcb_get_geometry_reply_t> geometry(
+            xcb_get_geometry_reply(m_connection, cookies.at(i), nullptr));
+        if (!geometry || m_lockers.contains(above.at(i)))
+            continue;
+        if (screens.isEmpty())
+            screens = monitors();
+        const QRect rect(geometry->x, geometry->y, geometry->width, geometry->height);
+        if (StackingPolicy::coversAMonitor(rect, screens)) {
+            m_lockers.insert(above.at(i));
+            qCInfo(lcStacking).nospace() << "XcbOverlayStacking: a screen locker covers the "
+                                         << "overlays (window 0x" << Qt::hex << above.at(i) << ")";
+        }
+    }
+    if (sessionLocked() != wasLocked)
+        emit sessionLockedChanged();
+}
+
+QList<QRect> XcbOverlayStacking::monitors()
+{
+    QList<QRect> result;
+    // A request of a missing extension would close the connection.
+    const xcb_query_extension_reply_t *randr = xcb_get_extension_data(m_connection, &xcb_randr_id);
+    const Reply<xcb_randr_get_monitors_reply_t> reply(
+        randr && randr->present ? xcb_randr_get_monitors_reply(
+            m_connection, xcb_randr_get_monitors(m_connection, m_root, 1), nullptr)
+                                : nullptr);
+    if (reply) {
+        for (auto it = xcb_randr_get_monitors_monitors_iterator(reply.get()); it.rem;
+             xcb_randr_monitor_info_next(&it))
+            result.append(QRect(it.data->x, it.data->y, it.data->width, it.data->height));
+    }
+    if (result.isEmpty()) {
+        // Without RandR monitors the whole screen is the one monitor.
+        const Reply<xcb_get_geometry_reply_t> root(
+            xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, m_root), nullptr));
+        if (root)
+            result.append(QRect(0, 0, root->width, root->height));
+    }
+    return result;
+}
+
+bool XcbOverlayStacking::fromThisProgram(uint32_t window) const
+{
+    return m_programIdMask != 0 && (window & ~m_programIdMask) == m_programIdBase;
+}

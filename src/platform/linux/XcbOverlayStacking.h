@@ -1,0 +1,62 @@
+#pragma once
+
+#include "display/StackingPolicy.h"
+#include "platform/OverlayStacking.h"
+#include "platform/linux/DBusScreenLockWatch.h"
+
+#include <QElapsedTimer>
+#include <QHash>
+#include <QPointer>
+#include <QSet>
+#include <QTimer>
+
+#include <memory>
+#include <xcb/xcb.h>
+
+class QSocketNotifier;
+
+// Stacking on X11. Override-redirect windows are stacked by nobody but their
+// owner, so the program watches the root window's children on a connection
+// of its own (SubstructureNotify: maps, restacks, circulations) and restacks
+// its windows in one go when another window comes above them. A viewable
+// override-redirect window of another client that covers a whole monitor
+// above ours is a screen locker: while one is up, or while the desktop
+// reports the session locked, nothing is restacked.
+class XcbOverlayStacking final : public OverlayStacking
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(XcbOverlayStacking)
+
+public:
+    XcbOverlayStacking();
+    ~XcbOverlayStacking() override;
+
+    void setWindows(const QList<QWindow *> &bottomToTop) override;
+    bool sessionLocked() const override { return !m_lockers.isEmpty() || m_busLock.locked(); }
+
+private:
+    void readEvents();
+    void handleEvent(const xcb_generic_event_t *event);
+    void scheduleCheck();
+    void check();
+    QList<uint32_t> ourWindows() const;
+    QList<StackedWindow> queryStack();
+    QList<QRect> monitors();
+    void findLockers(const QList<StackedWindow> &stack, const QList<uint32_t> &ours);
+    void forgetWindow(uint32_t window);
+    bool fromThisProgram(uint32_t window) const;
+
+    xcb_connection_t *m_connection = nullptr;
+    xcb_window_t m_root = XCB_NONE;
+    // The resource ids of the toolkit's own connection: windows of this program.
+    uint32_t m_programIdBase = 0;
+    uint32_t m_programIdMask = 0;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    QList<QPointer<QWindow>> m_windows;
+    // Last sibling each other window was seen above: a move alone is no restack.
+    QHash<uint32_t, uint32_t> m_aboveSibling;
+    QSet<uint32_t> m_lockers;
+    DBusScreenLockWatch m_busLock;
+    QTimer m_checkTimer;
+    QElapsedTimer m_sinceRestack;
+};
