@@ -112,7 +112,11 @@ QString AppController::linuxWindowingBackend() const
 }
 QString AppController::linuxCapabilitySummary() const
 {
-    return m_session->summary();
+    if (m_compositing)
+        return m_session->summary();
+    return m_session->summary()
+        + QStringLiteral(" No compositing manager runs: the spotlight and the drawings stay"
+                         " hidden until one starts.");
 }
 bool AppController::linuxUsesX11Backend() const
 {
@@ -244,6 +248,14 @@ void AppController::reportKeystroke(const QString &combo)
     // No equality test: a repeated key must renew the display.
     m_lastKeystroke = combo;
     emit keystrokeChanged();
+}
+
+void AppController::setCompositing(bool active)
+{
+    if (active == m_compositing)
+        return;
+    m_compositing = active;
+    emit linuxCapabilitySummaryChanged();
 }
 
 void AppController::setSessionLocked(bool locked)

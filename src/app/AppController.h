@@ -68,7 +68,8 @@ class AppController : public QObject
     Q_PROPERTY(QPointF dragCursorPos READ dragCursorPos NOTIFY dragCursorPosChanged FINAL)
     Q_PROPERTY(QString linuxSessionType READ linuxSessionType CONSTANT FINAL)
     Q_PROPERTY(QString linuxWindowingBackend READ linuxWindowingBackend CONSTANT FINAL)
-    Q_PROPERTY(QString linuxCapabilitySummary READ linuxCapabilitySummary CONSTANT FINAL)
+    Q_PROPERTY(QString linuxCapabilitySummary READ linuxCapabilitySummary NOTIFY
+                   linuxCapabilitySummaryChanged FINAL)
     Q_PROPERTY(bool linuxUsesX11Backend READ linuxUsesX11Backend CONSTANT FINAL)
     Q_PROPERTY(bool linuxHotkeysAvailable READ linuxHotkeysAvailable CONSTANT FINAL)
     Q_PROPERTY(bool linuxClickThroughAvailable READ linuxClickThroughAvailable CONSTANT FINAL)
@@ -175,6 +176,8 @@ public slots:
     void copyToClipboard(const QString &text);
     void reportKeystroke(const QString &combo);
     void setSessionLocked(bool locked);
+    // Whether a compositing manager shows the overlays' transparency.
+    void setCompositing(bool active);
     void toggleToolbar();
     void setToolbarVisible(bool visible);
     void setModalActive(bool active);
@@ -229,6 +232,7 @@ signals:
     void captureInProgressChanged();
     void regionSelectingChanged();
     void sessionLockedChanged();
+    void linuxCapabilitySummaryChanged();
     void settingsPageRequested(const QString &pageId);
     void regionCaptureRequested();
     void recordingSaved(const QString &path);
@@ -293,6 +297,7 @@ private:
     bool m_captureInProgress = false;
     bool m_regionSelecting = false;
     bool m_sessionLocked = false;
+    bool m_compositing = true;
     bool m_savedOverlayEnabled = true;
     bool m_savedToolbarVisible = true;
 };

@@ -173,6 +173,9 @@ int runGlimmora(int argc, char *argv[])
     // once the main window does.
     OverlayWindowManager overlayWindows(&displayManager, &overlayManager, &appController, &engine,
                                         qobject_cast<QQuickWindow *>(engine.rootObjects().first()));
+    appController.setCompositing(overlayWindows.compositing());
+    QObject::connect(&overlayWindows, &OverlayWindowManager::compositingChanged, &appController,
+                     [&] { appController.setCompositing(overlayWindows.compositing()); });
     // A screen locker pauses the keystroke display and takes any card down.
     appController.setSessionLocked(overlayWindows.sessionLocked());
     QObject::connect(&overlayWindows, &OverlayWindowManager::sessionLockedChanged, &appController,

@@ -59,6 +59,12 @@ void OverlayManager::excludeFromCapture(QWindow *window)
         m_passThrough->excludeFromCapture(window);
 }
 
+void OverlayManager::setVisibleArea(QWindow *window, const std::optional<QRegion> &area)
+{
+    if (window && m_passThrough)
+        m_passThrough->setVisibleArea(window, area);
+}
+
 void OverlayManager::applyClickThrough(QWindow *window, bool value)
 {
     if (window && m_passThrough)

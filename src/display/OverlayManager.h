@@ -38,6 +38,8 @@ public:
 
     // Keeps the window out of screen grabs where the platform can.
     void excludeFromCapture(QWindow *window);
+    // What is seen of the window: `area` in its own coordinates, or all of it.
+    void setVisibleArea(QWindow *window, const std::optional<QRegion> &area);
 
 signals:
     void clickThroughChanged();

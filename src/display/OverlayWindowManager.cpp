@@ -27,7 +27,8 @@ QUrl documentUrl(const char *name)
 OverlayWindowManager::OverlayWindowManager(
     DisplayManager *displayManager, OverlayManager *overlayManager, AppController *appController,
     QQmlEngine *engine, QQuickWindow *mainWindow, std::unique_ptr<OverlayWindowStyle> style,
-    std::unique_ptr<OverlayStacking> stacking, QObject *parent)
+    std::unique_ptr<OverlayStacking> stacking, std::unique_ptr<CompositorWatch> compositor,
+    QObject *parent)
     : QObject(parent)
     , m_displayManager(displayManager)
     , m_overlayManager(overlayManager)
@@ -36,6 +37,7 @@ OverlayWindowManager::OverlayWindowManager(
     , m_mainWindow(mainWindow)
     , m_style(std::move(style))
     , m_stacking(std::move(stacking))
+    , m_shapes(overlayManager, std::move(compositor))
 {
     // The root document keeps its window hidden until this point.
     if (m_mainWindow && m_style)
@@ -43,6 +45,8 @@ OverlayWindowManager::OverlayWindowManager(
     if (m_stacking)
         connect(m_stacking.get(), &OverlayStacking::sessionLockedChanged, this,
                 &OverlayWindowManager::sessionLockedChanged);
+    connect(&m_shapes, &UncompositedShapes::compositingChanged, this,
+            &OverlayWindowManager::compositingChanged);
 
     if (m_displayManager) {
         connect(m_displayManager, &DisplayManager::displaysChanged, this, [this] {
@@ -149,7 +153,7 @@ void OverlayWindowManager::syncControlWindow()
         m_hud->setScreen(screen);
         m_hud->setGeometry(screen->geometry());
     }
-    updateStacking();
+    updateWindowLists();
 }
 
 void OverlayWindowManager::syncSecondaries()
@@ -176,7 +180,7 @@ void OverlayWindowManager::syncSecondaries()
             createSecondary(id, screen);
         }
     }
-    updateStacking();
+    updateWindowLists();
 }
 
 QScreen *OverlayWindowManager::screenForDisplay(const QString &displayId) const
@@ -325,19 +329,17 @@ void OverlayWindowManager::prepare(QQuickWindow *window, OverlayWindowStyle::Foc
     window->setGeometry(screen->geometry());
 }
 
-void OverlayWindowManager::updateStacking()
+void OverlayWindowManager::updateWindowLists()
 {
-    if (!m_stacking)
-        return;
-    // Overlays first, the controls window on top of them.
-    QList<QWindow *> bottomToTop;
+    QList<QWindow *> overlays;
     for (QQuickWindow *window : std::as_const(m_secondaries))
-        bottomToTop.append(window);
+        overlays.append(window);
     if (m_mainWindow)
-        bottomToTop.append(m_mainWindow);
-    if (m_hud)
-        bottomToTop.append(m_hud);
-    m_stacking->setWindows(bottomToTop);
+        overlays.append(m_mainWindow);
+    m_shapes.setWindows(overlays, m_hud);
+    // The controls window on top of the overlays.
+    if (m_stacking)
+        m_stacking->setWindows(m_hud ? overlays + QList<QWindow *> { m_hud } : overlays);
 }
 
 void OverlayWindowManager::setOverlaysVisible(bool visible)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "display/UncompositedShapes.h"
+#include "platform/CompositorWatch.h"
 #include "platform/OverlayStacking.h"
 #include "platform/OverlayWindowStyle.h"
 
@@ -34,6 +36,7 @@ public:
                          AppController *appController, QQmlEngine *engine, QQuickWindow *mainWindow,
                          std::unique_ptr<OverlayWindowStyle> style = OverlayWindowStyle::create(),
                          std::unique_ptr<OverlayStacking> stacking = OverlayStacking::create(),
+                         std::unique_ptr<CompositorWatch> compositor = CompositorWatch::create(),
                          QObject *parent = nullptr);
     ~OverlayWindowManager() override;
 
@@ -50,6 +53,8 @@ public:
     // A screen locker stands above the windows, or the desktop reports the
     // session locked; the windows are not restacked meanwhile.
     bool sessionLocked() const { return m_stacking && m_stacking->sessionLocked(); }
+    // Whether a compositing manager shows the windows' transparency.
+    bool compositing() const { return m_shapes.compositing(); }
 
     // The displays that get a secondary overlay: every enabled one but the
     // control display, plus the target of a toolbar move, enabled or not.
@@ -61,6 +66,7 @@ public:
 
 signals:
     void sessionLockedChanged();
+    void compositingChanged();
 
 private:
     QScreen *screenForDisplay(const QString &displayId) const;
@@ -75,7 +81,8 @@ private:
     // Styles and places a document's window between its creation and its
     // completion, when the document would show it.
     void prepare(QQuickWindow *window, OverlayWindowStyle::Focus focus, QScreen *screen);
-    void updateStacking();
+    // Hands the current windows to the stacking and the shapes.
+    void updateWindowLists();
 
     DisplayManager *m_displayManager;
     OverlayManager *m_overlayManager;
@@ -84,6 +91,7 @@ private:
     QPointer<QQuickWindow> m_mainWindow;
     std::unique_ptr<OverlayWindowStyle> m_style;
     std::unique_ptr<OverlayStacking> m_stacking;
+    UncompositedShapes m_shapes;
     QQuickWindow *m_hud = nullptr;
     QString m_currentControlId;
     QMap<QString, QQuickWindow *> m_secondaries;

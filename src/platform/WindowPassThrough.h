@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QRegion>
+
 #include <memory>
+#include <optional>
 
 class QWindow;
 
@@ -18,6 +21,15 @@ public:
 
     // Keeps the window out of screen grabs where the platform can.
     virtual void excludeFromCapture(QWindow *window) = 0;
+
+    // Limits what is seen of the window to `area` (window coordinates), or
+    // shows it whole again; what lies outside takes no clicks either. Only a
+    // window system that may run without composition needs it.
+    virtual void setVisibleArea(QWindow *window, const std::optional<QRegion> &area)
+    {
+        Q_UNUSED(window)
+        Q_UNUSED(area)
+    }
 
     static std::unique_ptr<WindowPassThrough> create();
 };
