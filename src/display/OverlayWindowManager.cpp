@@ -47,6 +47,8 @@ OverlayWindowManager::OverlayWindowManager(
                 &OverlayWindowManager::sessionLockedChanged);
     connect(&m_shapes, &UncompositedShapes::compositingChanged, this,
             &OverlayWindowManager::compositingChanged);
+    connect(&m_shapes, &UncompositedShapes::compositorStarted, this,
+            &OverlayWindowManager::renewNativeWindows);
 
     if (m_displayManager) {
         connect(m_displayManager, &DisplayManager::displaysChanged, this, [this] {
@@ -318,6 +320,28 @@ void OverlayWindowManager::destroyHud()
     m_hud->deleteLater();
     m_hud = nullptr;
     qCDebug(lcOverlayWindows) << "OverlayWindowManager: destroyed HudWindow";
+}
+
+void OverlayWindowManager::renewNativeWindows()
+{
+    // A compositing manager that starts after them may never take up
+    // override-redirect windows that were already mapped (xfwm4 does not):
+    // new native windows are announced to it like any others. Styles and
+    // pass-through follow the new windows by themselves.
+    QList<QWindow *> windows;
+    for (QQuickWindow *window : std::as_const(m_secondaries))
+        windows.append(window);
+    windows << m_mainWindow.data() << m_hud;
+    int renewed = 0;
+    for (QWindow *window : std::as_const(windows)) {
+        if (!window || !window->isVisible())
+            continue;
+        window->destroy();
+        window->show();
+        ++renewed;
+    }
+    qCDebug(lcOverlayWindows) << "OverlayWindowManager: renewed" << renewed
+                              << "native windows for a new compositing manager";
 }
 
 void OverlayWindowManager::prepare(QQuickWindow *window, OverlayWindowStyle::Focus focus,

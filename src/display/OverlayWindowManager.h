@@ -81,6 +81,7 @@ private:
     // Styles and places a document's window between its creation and its
     // completion, when the document would show it.
     void prepare(QQuickWindow *window, OverlayWindowStyle::Focus focus, QScreen *screen);
+    void renewNativeWindows();
     // Hands the current windows to the stacking and the shapes.
     void updateWindowLists();
 

@@ -28,11 +28,13 @@ UncompositedShapes::UncompositedShapes(OverlayManager *overlayManager,
     , m_overlayManager(overlayManager)
     , m_watch(std::move(watch))
 {
-    if (m_watch)
-        connect(m_watch.get(), &CompositorWatch::activeChanged, this, [this] {
-            apply();
-            emit compositingChanged();
-        });
+    if (!m_watch)
+        return;
+    connect(m_watch.get(), &CompositorWatch::activeChanged, this, [this] {
+        apply();
+        emit compositingChanged();
+    });
+    connect(m_watch.get(), &CompositorWatch::started, this, &UncompositedShapes::compositorStarted);
 }
 
 void UncompositedShapes::setWindows(const QList<QWindow *> &overlays, QQuickWindow *hud)

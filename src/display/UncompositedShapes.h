@@ -37,6 +37,8 @@ public:
 
 signals:
     void compositingChanged();
+    // A compositing manager took over after the windows were shown.
+    void compositorStarted();
 
 private:
     void apply();

@@ -23,6 +23,8 @@ public:
 
 signals:
     void activeChanged();
+    // A compositing manager took over, the first or a new one.
+    void started();
 
 private:
     Q_DISABLE_COPY_MOVE(CompositorWatch)

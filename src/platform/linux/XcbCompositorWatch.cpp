@@ -64,7 +64,8 @@ XcbCompositorWatch::XcbCompositorWatch()
                                           | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
     xcb_get_selection_owner_reply_t *owner = xcb_get_selection_owner_reply(
         m_connection, xcb_get_selection_owner(m_connection, selection), nullptr);
-    m_active = owner && owner->owner != XCB_NONE;
+    m_owner = owner ? owner->owner : xcb_window_t(XCB_NONE);
+    m_active = m_owner != XCB_NONE;
     std::free(owner);
     logState(m_active, true);
 
@@ -82,18 +83,22 @@ XcbCompositorWatch::~XcbCompositorWatch()
 
 void XcbCompositorWatch::readEvents()
 {
-    bool active = m_active;
+    const xcb_window_t previous = m_owner;
     while (xcb_generic_event_t *event = xcb_poll_for_event(m_connection)) {
         if ((event->response_type & 0x7f) == m_selectionNotify)
-            active =
-                reinterpret_cast<xcb_xfixes_selection_notify_event_t *>(event)->owner != XCB_NONE;
+            m_owner = reinterpret_cast<xcb_xfixes_selection_notify_event_t *>(event)->owner;
         std::free(event);
     }
     if (xcb_connection_has_error(m_connection))
         m_notifier->setEnabled(false);
-    if (active == m_active)
+    if (m_owner == previous)
         return;
-    m_active = active;
-    logState(m_active, false);
-    emit activeChanged();
+    const bool active = m_owner != XCB_NONE;
+    if (active != m_active) {
+        m_active = active;
+        logState(m_active, false);
+        emit activeChanged();
+    }
+    if (active)
+        emit started();
 }

@@ -28,6 +28,7 @@ private:
     xcb_connection_t *m_connection = nullptr;
     std::unique_ptr<QSocketNotifier> m_notifier;
     uint8_t m_selectionNotify = 0;
+    xcb_window_t m_owner = XCB_NONE;
     // Until it can be asked, a compositor is assumed, as on most desktops.
     bool m_active = true;
 };

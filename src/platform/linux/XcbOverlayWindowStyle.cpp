@@ -42,6 +42,9 @@ void XcbOverlayWindowStyle::apply(QWindow *window, Focus focus)
         connect(window, &QObject::destroyed, this, [this, window] { m_windows.remove(window); });
     }
     m_windows.insert(window, wanted);
+    if (window->isVisible())
+        qCWarning(lcStyle) << "XcbOverlayWindowStyle: styled after it was shown;"
+                           << "a window manager may already hold it";
     withStyle(window);
 }
 
@@ -63,12 +66,8 @@ void XcbOverlayWindowStyle::withStyle(QWindow *window)
     const Qt::WindowFlags wanted = m_windows.value(window);
     Qt::WindowFlags flags = window->flags() | wanted;
     flags.setFlag(Qt::WindowDoesNotAcceptFocus, wanted.testFlag(Qt::WindowDoesNotAcceptFocus));
-    if (flags != window->flags()) {
-        if (window->isVisible())
-            qCWarning(lcStyle) << "XcbOverlayWindowStyle: styled after it was shown;"
-                               << "a window manager may already hold it";
+    if (flags != window->flags())
         window->setFlags(flags);
-    }
     if (window->handle())
         writeProperties(static_cast<uint32_t>(window->winId()));
 }
