@@ -11,7 +11,9 @@ struct StackedWindow
     uint32_t id = 0;
     bool viewable = false;
     // Stacked by its owner, not by the window manager: lockers, menus,
-    // tooltips, notifications, and the program's own overlays.
+    // tooltips, notifications, and the program's own overlays. A window
+    // manager's frame around an application is ordinary, even where the
+    // frame itself is override-redirect, as i3 makes them.
     bool overrideRedirect = false;
     // Made by this program (its overlays, but also its own menus).
     bool fromThisProgram = false;

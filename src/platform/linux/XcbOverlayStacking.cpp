@@ -6,6 +6,7 @@
 #include <QWindow>
 
 #include <cstdlib>
+#include <cstring>
 #include <xcb/randr.h>
 
 Q_LOGGING_CATEGORY(lcStacking, "glimmora.platform")
@@ -61,6 +62,14 @@ XcbOverlayStacking::XcbOverlayStacking()
     for (int i = 0; i < screenNumber && screens.rem; ++i)
         xcb_screen_next(&screens);
     m_root = screens.data->root;
+    const auto atom = [this](const char *name) {
+        const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
+            m_connection, xcb_intern_atom(m_connection, 0, uint16_t(std::strlen(name)), name),
+            nullptr));
+        return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
+    };
+    m_wmState = atom("WM_STATE");
+    m_supportingWmCheck = atom("_NET_SUPPORTING_WM_CHECK");
     const uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
     xcb_change_window_attributes(m_connection, m_root, XCB_CW_EVENT_MASK, &mask);
     xcb_flush(m_connection);
@@ -122,6 +131,7 @@ void XcbOverlayStacking::handleEvent(const xcb_generic_event_t *event)
     case XCB_DESTROY_NOTIFY: {
         const uint32_t window = reinterpret_cast<const xcb_destroy_notify_event_t *>(event)->window;
         m_aboveSibling.remove(window);
+        m_frames.remove(window);
         forgetWindow(window);
         break;
     }
@@ -201,16 +211,64 @@ QList<StackedWindow> XcbOverlayStacking::queryStack()
     cookies.reserve(count);
     for (int i = 0; i < count; ++i)
         cookies.append(xcb_get_window_attributes(m_connection, children[i]));
+    QList<uint32_t> unmanaged;
     for (int i = 0; i < count; ++i) {
         const Reply<xcb_get_window_attributes_reply_t> attributes(
             xcb_get_window_attributes_reply(m_connection, cookies.at(i), nullptr));
         // A window destroyed meanwhile has no attributes and is left out.
         if (!attributes)
             continue;
-        stack.append({ children[i], attributes->map_state == XCB_MAP_STATE_VIEWABLE,
-                       bool(attributes->override_redirect), fromThisProgram(children[i]) });
+        const StackedWindow window { children[i], attributes->map_state == XCB_MAP_STATE_VIEWABLE,
+                                     bool(attributes->override_redirect),
+                                     fromThisProgram(children[i]) };
+        if (window.viewable && window.overrideRedirect && !window.fromThisProgram)
+            unmanaged.append(window.id);
+        stack.append(window);
     }
+    const QSet<uint32_t> frames = framesAmong(unmanaged);
+    for (StackedWindow &window : stack)
+        window.overrideRedirect = window.overrideRedirect && !frames.contains(window.id);
     return stack;
+}
+
+QSet<uint32_t> XcbOverlayStacking::framesAmong(const QList<uint32_t> &windows)
+{
+    QList<uint32_t> unknown;
+    for (uint32_t window : windows) {
+        if (!m_frames.contains(window))
+            unknown.append(window);
+    }
+    QList<xcb_query_tree_cookie_t> trees;
+    for (uint32_t window : std::as_const(unknown))
+        trees.append(xcb_query_tree(m_connection, window));
+    // The window and its children, each asked for WM_STATE at once.
+    QList<QPair<uint32_t, xcb_get_property_cookie_t>> states;
+    for (qsizetype i = 0; i < unknown.size(); ++i) {
+        states.append(
+            { unknown.at(i),
+              xcb_get_property(m_connection, 0, unknown.at(i), m_wmState, XCB_ATOM_ANY, 0, 0) });
+        const Reply<xcb_query_tree_reply_t> tree(
+            xcb_query_tree_reply(m_connection, trees.at(i), nullptr));
+        if (!tree)
+            continue;
+        const xcb_window_t *children = xcb_query_tree_children(tree.get());
+        for (int c = 0; c < xcb_query_tree_children_length(tree.get()); ++c)
+            states.append(
+                { unknown.at(i),
+                  xcb_get_property(m_connection, 0, children[c], m_wmState, XCB_ATOM_ANY, 0, 0) });
+    }
+    for (const auto &[frame, cookie] : std::as_const(states)) {
+        const Reply<xcb_get_property_reply_t> state(
+            xcb_get_property_reply(m_connection, cookie, nullptr));
+        if (state && state->type != XCB_ATOM_NONE)
+            m_frames.insert(frame);
+    }
+    QSet<uint32_t> result;
+    for (uint32_t window : windows) {
+        if (m_frames.contains(window))
+            result.insert(window);
+    }
+    return result;
 }
 
 void XcbOverlayStacking::findLockers(const QList<StackedWindow> &stack, const QList<uint32_t> &ours)
@@ -224,7 +282,18 @@ void XcbOverlayStacking::findLockers(const QList<StackedWindow> &stack, const QL
         it = viewable ? std::next(it) : m_lockers.erase(it);
     }
 
-    const QList<uint32_t> above = StackingPolicy::windowsAboveOurs(stack, ours);
+    QList<uint32_t> above = StackingPolicy::windowsAboveOurs(stack, ours);
+    // The window manager's own windows are no locker (mutter keeps an
+    // override-redirect guard window over the whole screen, below the
+    // others); a desktop whose window manager draws the lock screen reports
+    // the lock on the bus.
+    if (!above.isEmpty()) {
+        const uint32_t manager = windowManagerWindow();
+        above.removeIf([&](uint32_t window) {
+            return manager != XCB_NONE
+                && (window & ~m_programIdMask) == (manager & ~m_programIdMask);
+        });
+    }
     QList<xcb_get_geometry_cookie_t> cookies;
     for (uint32_t window : above)
         cookies.append(xcb_get_geometry(m_connection, window));
@@ -269,6 +338,17 @@ QList<QRect> XcbOverlayStacking::monitors()
             result.append(QRect(0, 0, root->width, root->height));
     }
     return result;
+}
+
+uint32_t XcbOverlayStacking::windowManagerWindow()
+{
+    const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+        m_connection,
+        xcb_get_property(m_connection, 0, m_root, m_supportingWmCheck, XCB_ATOM_WINDOW, 0, 1),
+        nullptr));
+    if (!reply || reply->format != 32 || xcb_get_property_value_length(reply.get()) < 4)
+        return XCB_NONE;
+    return *static_cast<const uint32_t *>(xcb_get_property_value(reply.get()));
 }
 
 bool XcbOverlayStacking::fromThisProgram(uint32_t window) const

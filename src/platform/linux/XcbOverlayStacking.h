@@ -41,10 +41,16 @@ private:
     void check();
     QList<uint32_t> ourWindows() const;
     QList<StackedWindow> queryStack();
+    // Which of these override-redirect windows are a window manager's frames
+    // around an application (ICCCM's WM_STATE on the window or a child).
+    QSet<uint32_t> framesAmong(const QList<uint32_t> &windows);
     QList<QRect> monitors();
     void findLockers(const QList<StackedWindow> &stack, const QList<uint32_t> &ours);
     void forgetWindow(uint32_t window);
     bool fromThisProgram(uint32_t window) const;
+    // The window manager's check window, which its other windows share a
+    // client with; none without a window manager.
+    uint32_t windowManagerWindow();
 
     xcb_connection_t *m_connection = nullptr;
     xcb_window_t m_root = XCB_NONE;
@@ -56,6 +62,10 @@ private:
     // Last sibling each other window was seen above: a move alone is no restack.
     QHash<uint32_t, uint32_t> m_aboveSibling;
     QSet<uint32_t> m_lockers;
+    // Frames found once stay frames.
+    QSet<uint32_t> m_frames;
+    xcb_atom_t m_wmState = XCB_ATOM_NONE;
+    xcb_atom_t m_supportingWmCheck = XCB_ATOM_NONE;
     DBusScreenLockWatch m_busLock;
     QTimer m_checkTimer;
     QElapsedTimer m_sinceRestack;
