@@ -519,6 +519,21 @@ private slots:
         QCOMPARE(controller->lastKeystroke(), QStringLiteral("F5"));
     }
 
+    void aLockTakesTheCardDownAndShowsNothingTypedIntoIt()
+    {
+        QSignalSpy spy(controller.get(), &AppController::keystrokeChanged);
+        controller->reportKeystroke(QStringLiteral("Ctrl+C"));
+        controller->setSessionLocked(true);
+        QCOMPARE(spy.count(), 2);
+        QCOMPARE(controller->lastKeystroke(), QString());
+        controller->reportKeystroke(QStringLiteral("Shift+S"));
+        QCOMPARE(spy.count(), 2);
+        QCOMPARE(controller->lastKeystroke(), QString());
+        controller->setSessionLocked(false);
+        controller->reportKeystroke(QStringLiteral("Ctrl+C"));
+        QCOMPARE(controller->lastKeystroke(), QStringLiteral("Ctrl+C"));
+    }
+
     void quitAsksFirstWhenConfirmationIsOn()
     {
         QSignalSpy spy(controller.get(), &AppController::quitRequested);
