@@ -20,9 +20,10 @@ QList<qsizetype> viewablePositions(const QList<StackedWindow> &bottomToTop,
     return positions;
 }
 
-qsizetype topMostOrdinary(const QList<StackedWindow> &bottomToTop, const QList<uint32_t> &ours)
+qsizetype topMostOrdinary(const QList<StackedWindow> &bottomToTop, const QList<uint32_t> &ours,
+                          qsizetype before)
 {
-    for (qsizetype i = bottomToTop.size() - 1; i >= 0; --i) {
+    for (qsizetype i = before - 1; i >= 0; --i) {
         const StackedWindow &window = bottomToTop.at(i);
         if (window.viewable && !window.overrideRedirect && !ours.contains(window.id))
             return i;
@@ -30,29 +31,42 @@ qsizetype topMostOrdinary(const QList<StackedWindow> &bottomToTop, const QList<u
     return -1;
 }
 
+// The lowest viewable window of `later`, or the end of the stack.
+qsizetype ceiling(const QList<StackedWindow> &bottomToTop, const QList<uint32_t> &later)
+{
+    for (qsizetype i = 0; i < bottomToTop.size(); ++i) {
+        if (bottomToTop.at(i).viewable && later.contains(bottomToTop.at(i).id))
+            return i;
+    }
+    return bottomToTop.size();
+}
+
 } // namespace
 
 QList<RestackStep> StackingPolicy::restack(const QList<StackedWindow> &bottomToTop,
-                                           const QList<uint32_t> &ours)
+                                           const QList<uint32_t> &ours,
+                                           const QList<uint32_t> &later)
 {
     const QList<qsizetype> positions = viewablePositions(bottomToTop, ours);
     if (positions.isEmpty())
         return {};
-    const qsizetype ordinary = topMostOrdinary(bottomToTop, ours);
+    const qsizetype top = ceiling(bottomToTop, later);
+    const qsizetype ordinary = topMostOrdinary(bottomToTop, ours, top);
     const bool inOrder = std::is_sorted(positions.cbegin(), positions.cend());
-    if (inOrder && ordinary < positions.constFirst())
+    if (inOrder && ordinary < positions.constFirst() && positions.constLast() < top)
         return {};
 
     QList<RestackStep> steps;
-    // Without any ordinary window ours keep their place and only their order
+    const uint32_t first = bottomToTop.at(positions.constFirst()).id;
+    if (ordinary >= 0)
+        steps.append({ first, bottomToTop.at(ordinary).id, false });
+    else if (top < bottomToTop.size())
+        steps.append({ first, bottomToTop.at(top).id, true });
+    // Without any window to go by ours keep their place and only their order
     // is mended, which never lifts one above a window it was below.
-    uint32_t sibling = ordinary >= 0 ? bottomToTop.at(ordinary).id : 0;
-    for (qsizetype position : positions) {
-        const uint32_t window = bottomToTop.at(position).id;
-        if (sibling != 0)
-            steps.append({ window, sibling });
-        sibling = window;
-    }
+    for (qsizetype i = 1; i < positions.size(); ++i)
+        steps.append(
+            { bottomToTop.at(positions.at(i)).id, bottomToTop.at(positions.at(i - 1)).id, false });
     return steps;
 }
 

@@ -25,13 +25,24 @@ QList<StackedWindow> stackOf(const QString &text)
 
 const QList<uint32_t> ours { 'S', 'M', 'H' };
 
-// "S>b" puts S directly above b.
+// "S>b" puts S directly above b, "S<L" directly below L.
 QString stepsText(const QList<RestackStep> &steps)
 {
     QStringList parts;
     for (const RestackStep &step : steps)
-        parts << QStringLiteral("%1>%2").arg(QChar(step.window)).arg(QChar(step.sibling));
+        parts << QStringLiteral("%1%2%3")
+                     .arg(QChar(step.window))
+                     .arg(QChar(step.below ? u'<' : u'>'))
+                     .arg(QChar(step.sibling));
     return parts.join(u' ');
+}
+
+QList<uint32_t> idsOf(const QString &names)
+{
+    QList<uint32_t> ids;
+    for (QChar name : names)
+        ids.append(name.unicode());
+    return ids;
 }
 
 QString windowsText(const QList<uint32_t> &windows)
@@ -60,36 +71,36 @@ private slots:
 void tst_StackingPolicy::restack_data()
 {
     QTest::addColumn<QString>("stack");
+    QTest::addColumn<QString>("later"); // other programs' windows that came above ours
     QTest::addColumn<QString>("steps");
-    QTest::newRow("in place: nothing to do") << "a b S M H"
-                                             << "";
-    QTest::newRow("a window mapped or raised above: all go above it, in order") << "a S M H b"
-                                                                                << "S>b M>S H>M";
-    QTest::newRow("a window raised between them") << "a S b M H"
-                                                  << "S>b M>S H>M";
-    QTest::newRow("another program's later menu or locker stays above") << "a S M H L"
-                                                                        << "";
-    QTest::newRow("the HUD below an overlay is put back on top") << "a S H M"
-                                                                 << "S>a M>S H>M";
-    QTest::newRow("without ordinary windows only the order is mended") << "H M S"
-                                                                       << "M>S H>M";
-    QTest::newRow("an ordinary window that is not viewable counts for nothing") << "a S M b~ H"
-                                                                                << "";
-    QTest::newRow("a hidden window of ours is left alone") << "a S~ M H b"
-                                                           << "M>b H>M";
-    QTest::newRow("our own popup is no ordinary window") << "a S M H P"
-                                                         << "";
-    QTest::newRow("nothing of ours on screen") << "a S~ M~ H~ b"
-                                               << "";
-    QTest::newRow("a buried override-redirect window does not hold them down") << "a L S M H b"
-                                                                               << "S>b M>S H>M";
+    const auto row = [](const char *name, const char *stack, const char *later, const char *steps) {
+        QTest::newRow(name) << QString(stack) << QString(later) << QString(steps);
+    };
+    row("in place: nothing to do", "a b S M H", "", "");
+    row("a window mapped or raised above: all go above it, in order", "a S M H b", "",
+        "S>b M>S H>M");
+    row("a window raised between them", "a S b M H", "", "S>b M>S H>M");
+    row("another program's later menu or locker stays above", "a S M H L", "L", "");
+    row("the HUD below an overlay is put back on top", "a S H M", "", "S>a M>S H>M");
+    row("without ordinary windows only the order is mended", "H M S", "", "M>S H>M");
+    row("an ordinary window that is not viewable counts for nothing", "a S M b~ H", "", "");
+    row("a hidden window of ours is left alone", "a S~ M H b", "", "M>b H>M");
+    row("our own popup is no ordinary window", "a S M H P", "", "");
+    row("nothing of ours on screen", "a S~ M~ H~ b", "", "");
+    row("an override-redirect window below ours holds nothing down", "a L S M H b", "",
+        "S>b M>S H>M");
+    row("a window raised over a later menu is out of reach", "a S M H L b", "L", "");
+    row("ours above a later window go back below it", "a L S M H", "L", "S>a M>S H>M");
+    row("below a later window with no ordinary window under it", "L S M H", "L", "S<L M>S H>M");
+    row("a window raised to just under a later one is reached", "a S M H b L", "L", "S>b M>S H>M");
 }
 
 void tst_StackingPolicy::restack()
 {
     QFETCH(QString, stack);
+    QFETCH(QString, later);
     QFETCH(QString, steps);
-    QCOMPARE(stepsText(StackingPolicy::restack(stackOf(stack), ours)), steps);
+    QCOMPARE(stepsText(StackingPolicy::restack(stackOf(stack), ours, idsOf(later))), steps);
 }
 
 void tst_StackingPolicy::windowsAboveOurs_data()

@@ -108,33 +108,52 @@ void XcbOverlayStacking::readEvents()
 
 void XcbOverlayStacking::handleEvent(const xcb_generic_event_t *event)
 {
+    // Only the root's children matter; a window manager's frames report
+    // their clients' doings on their own.
     switch (event->response_type & 0x7f) {
-    case XCB_MAP_NOTIFY:
-    case XCB_CIRCULATE_NOTIFY:
-    case XCB_REPARENT_NOTIFY:
-        scheduleCheck();
+    case XCB_CREATE_NOTIFY: {
+        const auto *create = reinterpret_cast<const xcb_create_notify_event_t *>(event);
+        if (create->parent == m_root)
+            m_attributes.insert(create->window, { false, bool(create->override_redirect) });
         break;
-    case XCB_CONFIGURE_NOTIFY: {
-        const auto *configure = reinterpret_cast<const xcb_configure_notify_event_t *>(event);
-        if (configure->event != m_root || ourWindows().contains(configure->window))
-            break;
-        const auto known = m_aboveSibling.constFind(configure->window);
-        if (known != m_aboveSibling.cend() && *known == configure->above_sibling)
-            break;
-        m_aboveSibling.insert(configure->window, configure->above_sibling);
+    }
+    case XCB_MAP_NOTIFY: {
+        const auto *map = reinterpret_cast<const xcb_map_notify_event_t *>(event);
+        m_attributes.insert(map->window, { true, bool(map->override_redirect) });
         scheduleCheck();
         break;
     }
-    case XCB_UNMAP_NOTIFY:
-        forgetWindow(reinterpret_cast<const xcb_unmap_notify_event_t *>(event)->window);
+    case XCB_UNMAP_NOTIFY: {
+        const uint32_t window = reinterpret_cast<const xcb_unmap_notify_event_t *>(event)->window;
+        if (m_attributes.contains(window))
+            m_attributes[window].viewable = false;
+        forgetWindow(window);
         break;
+    }
     case XCB_DESTROY_NOTIFY: {
         const uint32_t window = reinterpret_cast<const xcb_destroy_notify_event_t *>(event)->window;
-        m_aboveSibling.remove(window);
+        m_attributes.remove(window);
         m_frames.remove(window);
         forgetWindow(window);
         break;
     }
+    case XCB_REPARENT_NOTIFY: {
+        // Taken into a frame it leaves the root; given back it returns.
+        const auto *reparent = reinterpret_cast<const xcb_reparent_notify_event_t *>(event);
+        m_attributes.remove(reparent->window);
+        scheduleCheck();
+        break;
+    }
+    case XCB_CONFIGURE_NOTIFY: {
+        // A move alone costs a look at the stack too; the look is cheap.
+        const auto *configure = reinterpret_cast<const xcb_configure_notify_event_t *>(event);
+        if (configure->event == m_root && !ourWindows().contains(configure->window))
+            scheduleCheck();
+        break;
+    }
+    case XCB_CIRCULATE_NOTIFY:
+        scheduleCheck();
+        break;
     default:
         break;
     }
@@ -142,6 +161,10 @@ void XcbOverlayStacking::handleEvent(const xcb_generic_event_t *event)
 
 void XcbOverlayStacking::forgetWindow(uint32_t window)
 {
+    // A menu gone lets ours up again.
+    if (m_later.remove(window))
+        scheduleCheck();
+    m_passedOver.remove(window);
     if (!m_lockers.remove(window))
         return;
     if (m_lockers.isEmpty()) {
@@ -166,11 +189,13 @@ void XcbOverlayStacking::check()
     if (ours.isEmpty())
         return;
     const QList<StackedWindow> stack = queryStack();
-    findLockers(stack, ours);
+    classifyWindowsAbove(stack, ours);
     if (!sessionLocked()) {
-        const QList<RestackStep> steps = StackingPolicy::restack(stack, ours);
+        const QList<RestackStep> steps = StackingPolicy::restack(stack, ours, m_later.values());
         for (const RestackStep &step : steps) {
-            const uint32_t values[] = { step.sibling, XCB_STACK_MODE_ABOVE };
+            const uint32_t values[] = {
+                step.sibling, uint32_t(step.below ? XCB_STACK_MODE_BELOW : XCB_STACK_MODE_ABOVE)
+            };
             xcb_configure_window(m_connection, step.window,
                                  XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE, values);
         }
@@ -207,19 +232,29 @@ QList<StackedWindow> XcbOverlayStacking::queryStack()
         return stack;
     const xcb_window_t *children = xcb_query_tree_children(tree.get());
     const int count = xcb_query_tree_children_length(tree.get());
-    QList<xcb_get_window_attributes_cookie_t> cookies;
-    cookies.reserve(count);
-    for (int i = 0; i < count; ++i)
-        cookies.append(xcb_get_window_attributes(m_connection, children[i]));
+
+    // Windows seen before the notifications began are asked once.
+    QList<QPair<uint32_t, xcb_get_window_attributes_cookie_t>> unknown;
+    for (int i = 0; i < count; ++i) {
+        if (!m_attributes.contains(children[i]))
+            unknown.append({ children[i], xcb_get_window_attributes(m_connection, children[i]) });
+    }
+    for (const auto &[window, cookie] : std::as_const(unknown)) {
+        const Reply<xcb_get_window_attributes_reply_t> attributes(
+            xcb_get_window_attributes_reply(m_connection, cookie, nullptr));
+        if (attributes)
+            m_attributes.insert(window,
+                                { attributes->map_state == XCB_MAP_STATE_VIEWABLE,
+                                  bool(attributes->override_redirect) });
+    }
+
     QList<uint32_t> unmanaged;
     for (int i = 0; i < count; ++i) {
-        const Reply<xcb_get_window_attributes_reply_t> attributes(
-            xcb_get_window_attributes_reply(m_connection, cookies.at(i), nullptr));
-        // A window destroyed meanwhile has no attributes and is left out.
-        if (!attributes)
+        const auto known = m_attributes.constFind(children[i]);
+        // A window destroyed meanwhile is left out.
+        if (known == m_attributes.cend())
             continue;
-        const StackedWindow window { children[i], attributes->map_state == XCB_MAP_STATE_VIEWABLE,
-                                     bool(attributes->override_redirect),
+        const StackedWindow window { children[i], known->viewable, known->overrideRedirect,
                                      fromThisProgram(children[i]) };
         if (window.viewable && window.overrideRedirect && !window.fromThisProgram)
             unmanaged.append(window.id);
@@ -271,45 +306,57 @@ QSet<uint32_t> XcbOverlayStacking::framesAmong(const QList<uint32_t> &windows)
     return result;
 }
 
-void XcbOverlayStacking::findLockers(const QList<StackedWindow> &stack, const QList<uint32_t> &ours)
+void XcbOverlayStacking::classifyWindowsAbove(const QList<StackedWindow> &stack,
+                                              const QList<uint32_t> &ours)
 {
-    // A locker that vanished without a word to us is no longer one.
+    // Windows that vanished without a word to us no longer count.
     const bool wasLocked = sessionLocked();
-    for (auto it = m_lockers.begin(); it != m_lockers.end();) {
-        const bool viewable =
-            std::any_of(stack.cbegin(), stack.cend(),
-                        [&](const StackedWindow &w) { return w.id == *it && w.viewable; });
-        it = viewable ? std::next(it) : m_lockers.erase(it);
-    }
+    const auto gone = [&](uint32_t id) {
+        return std::none_of(stack.cbegin(), stack.cend(),
+                            [&](const StackedWindow &w) { return w.id == id && w.viewable; });
+    };
+    m_lockers.removeIf(gone);
+    m_later.removeIf(gone);
+    m_passedOver.removeIf(gone);
 
     QList<uint32_t> above = StackingPolicy::windowsAboveOurs(stack, ours);
-    // The window manager's own windows are no locker (mutter keeps an
-    // override-redirect guard window over the whole screen, below the
-    // others); a desktop whose window manager draws the lock screen reports
-    // the lock on the bus.
-    if (!above.isEmpty()) {
-        const uint32_t manager = windowManagerWindow();
-        above.removeIf([&](uint32_t window) {
-            return manager != XCB_NONE
-                && (window & ~m_programIdMask) == (manager & ~m_programIdMask);
-        });
+    above.removeIf(
+        [&](uint32_t window) { return m_later.contains(window) || m_passedOver.contains(window); });
+    if (above.isEmpty()) {
+        if (sessionLocked() != wasLocked)
+            emit sessionLockedChanged();
+        return;
     }
     QList<xcb_get_geometry_cookie_t> cookies;
-    for (uint32_t window : above)
+    for (uint32_t window : std::as_const(above))
         cookies.append(xcb_get_geometry(m_connection, window));
-    QList<QRect> screens;
+    const uint32_t manager = windowManagerWindow();
+    const QList<QRect> screens = monitors();
     for (qsizetype i = 0; i < above.size(); ++i) {
+        const uint32_t window = above.at(i);
         const Reply<xcb_get_geometry_reply_t> geometry(
             xcb_get_geometry_reply(m_connection, cookies.at(i), nullptr));
-        if (!geometry || m_lockers.contains(above.at(i)))
+        const QRect rect =
+            geometry ? QRect(geometry->x, geometry->y, geometry->width, geometry->height) : QRect();
+        // The window manager's own windows (mutter keeps an override-redirect
+        // guard window over the whole screen) and windows off every monitor
+        // hold nothing down; a desktop whose window manager draws the lock
+        // screen reports the lock on the bus.
+        const bool fromManager =
+            manager != XCB_NONE && (window & ~m_programIdMask) == (manager & ~m_programIdMask);
+        const bool onScreen = std::any_of(screens.cbegin(), screens.cend(), [&](const QRect &m) {
+            const QRect shared = m & rect;
+            return shared.width() > 1 && shared.height() > 1;
+        });
+        if (fromManager || !onScreen) {
+            m_passedOver.insert(window);
             continue;
-        if (screens.isEmpty())
-            screens = monitors();
-        const QRect rect(geometry->x, geometry->y, geometry->width, geometry->height);
+        }
+        m_later.insert(window);
         if (StackingPolicy::coversAMonitor(rect, screens)) {
-            m_lockers.insert(above.at(i));
+            m_lockers.insert(window);
             qCInfo(lcStacking).nospace() << "XcbOverlayStacking: a screen locker covers the "
-                                         << "overlays (window 0x" << Qt::hex << above.at(i) << ")";
+                                         << "overlays (window 0x" << Qt::hex << window << ")";
         }
     }
     if (sessionLocked() != wasLocked)

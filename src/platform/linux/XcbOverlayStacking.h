@@ -45,7 +45,9 @@ private:
     // around an application (ICCCM's WM_STATE on the window or a child).
     QSet<uint32_t> framesAmong(const QList<uint32_t> &windows);
     QList<QRect> monitors();
-    void findLockers(const QList<StackedWindow> &stack, const QList<uint32_t> &ours);
+    // Sorts other programs' override-redirect windows above ours into those
+    // that hold ours down (and lockers among them) and those passed over.
+    void classifyWindowsAbove(const QList<StackedWindow> &stack, const QList<uint32_t> &ours);
     void forgetWindow(uint32_t window);
     bool fromThisProgram(uint32_t window) const;
     // The window manager's check window, which its other windows share a
@@ -59,9 +61,19 @@ private:
     uint32_t m_programIdMask = 0;
     std::unique_ptr<QSocketNotifier> m_notifier;
     QList<QPointer<QWindow>> m_windows;
-    // Last sibling each other window was seen above: a move alone is no restack.
-    QHash<uint32_t, uint32_t> m_aboveSibling;
+    // What the notifications told of each child of the root.
+    struct Attributes
+    {
+        bool viewable = false;
+        bool overrideRedirect = false;
+    };
+    QHash<uint32_t, Attributes> m_attributes;
+    // Other programs' override-redirect windows that came above ours: ours
+    // stay below them until they go. Lockers are among them.
+    QSet<uint32_t> m_later;
     QSet<uint32_t> m_lockers;
+    // The window manager's own, and windows off every monitor.
+    QSet<uint32_t> m_passedOver;
     // Frames found once stay frames.
     QSet<uint32_t> m_frames;
     xcb_atom_t m_wmState = XCB_ATOM_NONE;
