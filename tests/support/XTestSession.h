@@ -53,6 +53,9 @@ public:
     // sent before by `other` (the connection that changes it) has arrived.
     int takeInputShapeChanges(uint32_t window, xcb_connection_t *other);
 
+    // Whether another client holds an active grab of the keyboard.
+    bool keyboardGrabbed();
+
     // Waits until the server has processed every request sent so far.
     void sync();
 
