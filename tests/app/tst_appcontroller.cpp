@@ -534,6 +534,19 @@ private slots:
         QCOMPARE(controller->lastKeystroke(), QStringLiteral("Ctrl+C"));
     }
 
+    void summarySaysWhenNothingComposites()
+    {
+        QSignalSpy spy(controller.get(), &AppController::linuxCapabilitySummaryChanged);
+        const QString note = QStringLiteral("No compositing manager runs");
+        QVERIFY(!controller->linuxCapabilitySummary().contains(note));
+        controller->setCompositing(false);
+        QVERIFY(controller->linuxCapabilitySummary().contains(note));
+        controller->setCompositing(false);
+        controller->setCompositing(true);
+        QVERIFY(!controller->linuxCapabilitySummary().contains(note));
+        QCOMPARE(spy.count(), 2);
+    }
+
     void quitAsksFirstWhenConfirmationIsOn()
     {
         QSignalSpy spy(controller.get(), &AppController::quitRequested);

@@ -41,6 +41,7 @@ class tst_DesktopsX11 : public QObject
 private slots:
     void presenterDesktop_data();
     void presenterDesktop();
+    void withoutCompositingManager();
 
 private:
     QList<uint32_t> programWindows();
@@ -227,6 +228,57 @@ void tst_DesktopsX11::presenterDesktop()
         QTRY_VERIFY(programBetween(m_user->topLevelOf(later.window())));
     }
     qInfo().noquote() << QTest::currentDataTag() << "took" << clock.elapsed() << "ms";
+    m_program = nullptr;
+}
+
+void tst_DesktopsX11::withoutCompositingManager()
+{
+    TestDesktop desktop(TestDesktop::Manager::None);
+    QVERIFY(desktop.startServer(false));
+    m_user = std::make_unique<XTestSession>();
+    QVERIFY(m_user->isValid());
+    ProbeClient application;
+    QVERIFY(application.start(applicationArea));
+    ProgramHome home;
+    QVERIFY(home.isValid());
+    QProcess program;
+    m_program = &program;
+    QVERIFY(home.start(program));
+    QTRY_VERIFY_WITH_TIMEOUT(home.logLinesWith(QStringLiteral("Glimmora started.")) == 1, 30000);
+    const auto quit = qScopeGuard([&] {
+        ProgramHome::pressQuitShortcut(program);
+        if (!program.waitForFinished(5000)) {
+            program.kill();
+            program.waitForFinished(5000);
+        }
+    });
+    QCOMPARE(home.logLinesWith(QStringLiteral("XcbCompositorWatch: no compositing manager runs")),
+             1);
+
+    // The overlays are up, yet the application and the background show as
+    // they are, not black; the toolbar shows over them; clicks reach the
+    // application.
+    QTRY_COMPARE_WITH_TIMEOUT(programGeometries(), (QList<QRect> { leftMonitor, rightMonitor }),
+                              15000);
+    const QPoint onApplication(1500, 600);
+    const QPoint onRight(2880, 700);
+    const QPoint onToolbar(960, 40);
+    m_user->moveTo(QPoint(1200, 500));
+    QTRY_COMPARE(m_user->rootPixel(onApplication), 0x204060u);
+    QTRY_COMPARE(m_user->rootPixel(onRight), 0x808080u);
+    QTRY_VERIFY(m_user->rootPixel(onToolbar) != 0x204060u && m_user->rootPixel(onToolbar) != 0);
+    const int before = application.pressCount();
+    m_user->click(onApplication);
+    QTRY_COMPARE(application.pressCount(), before + 1);
+
+    // A compositing manager started later makes the transparent windows
+    // right: the spotlight darkens both monitors.
+    QVERIFY(desktop.startCompositor());
+    QTRY_COMPARE(home.logLinesWith(QStringLiteral("a compositing manager started")), 1);
+    xdotool({ "key", "alt+2" });
+    m_user->moveTo(QPoint(300, 1000));
+    QTRY_VERIFY(brightness(m_user->rootPixel(onApplication)) < brightness(0x204060) * 7 / 10);
+    QTRY_VERIFY(brightness(m_user->rootPixel(onRight)) < brightness(0x808080) * 7 / 10);
     m_program = nullptr;
 }
 

@@ -56,8 +56,7 @@ void tst_LockersX11::initTestCase()
     // Every key shown, and a card stays up long enough to tell a card taken
     // down from one that faded.
     QVERIFY(m_home.start(m_program, "[keystrokes]\nshowAlphaNumeric=true\nfadeMs=4000\n"));
-    QTRY_VERIFY_WITH_TIMEOUT(m_home.logLinesWith(QStringLiteral("Glimmora started.")) == 1,
-                             30000);
+    QTRY_VERIFY_WITH_TIMEOUT(m_home.logLinesWith(QStringLiteral("Glimmora started.")) == 1, 30000);
     QTRY_COMPARE_WITH_TIMEOUT(programWindows().size(), 3, 15000);
     m_user.moveTo(QPoint(1500, 500));
     QTest::qWait(500);

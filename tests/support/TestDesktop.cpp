@@ -78,7 +78,7 @@ QProcess *TestDesktop::launch(const QString &program, const QStringList &argumen
     return process->waitForStarted(10000) ? process : nullptr;
 }
 
-bool TestDesktop::startServer()
+bool TestDesktop::startServer(bool composited)
 {
     m_display = freeDisplay();
     if (m_display.isEmpty() || !m_dir.isValid())
@@ -100,8 +100,13 @@ bool TestDesktop::startServer()
         || !run("xrandr", { "--setmonitor", "RIGHT", "1920/508x1080/286+1920+0", "none" })
         || !run("xsetroot", { "-solid", "#808080" }))
         return false;
-    if (m_manager == Manager::Xfwm4 || m_manager == Manager::Mutter)
+    if (m_manager == Manager::Xfwm4 || m_manager == Manager::Mutter || !composited)
         return true;
+    return startCompositor();
+}
+
+bool TestDesktop::startCompositor()
+{
     return launch(QStringLiteral("xcompmgr"), { "-n" }) && waitForCompositor();
 }
 

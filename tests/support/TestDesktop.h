@@ -27,8 +27,10 @@ public:
     static QString name(Manager manager);
 
     // The X server with its monitors, and xcompmgr where the window manager
-    // does not composite; false if it did not come up.
-    bool startServer();
+    // does not composite, unless told not to; false if it did not come up.
+    bool startServer(bool composited = true);
+    // xcompmgr started later, as a presenter does who notices the black.
+    bool startCompositor();
     // The window manager, returning once it runs and composites; true at
     // once for Manager::None.
     bool startWindowManager();

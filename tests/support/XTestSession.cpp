@@ -208,11 +208,11 @@ int XTestSession::takeInputShapeChanges(uint32_t window, xcb_connection_t *other
 
 bool XTestSession::keyboardGrabbed()
 {
-    auto reply = wrap(xcb_grab_keyboard_reply(
-        m_connection,
-        xcb_grab_keyboard(m_connection, 0, m_root, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC,
-                          XCB_GRAB_MODE_ASYNC),
-        nullptr));
+    auto reply =
+        wrap(xcb_grab_keyboard_reply(m_connection,
+                                     xcb_grab_keyboard(m_connection, 0, m_root, XCB_CURRENT_TIME,
+                                                       XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
+                                     nullptr));
     if (reply && reply->status == XCB_GRAB_STATUS_SUCCESS) {
         xcb_ungrab_keyboard(m_connection, XCB_CURRENT_TIME);
         sync();
