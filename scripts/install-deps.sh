@@ -15,7 +15,7 @@ build_packages=(
   qml6-module-qtquick-shapes qml6-module-qtquick-window qml6-module-qtquick-templates
   qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qttest
   libxcb1-dev libxcb-shape0-dev libxcb-xinput-dev libxcb-xkb-dev libxcb-xtest0-dev
-  libxcb-randr0-dev libxcb-shm0-dev libxcb-composite0-dev libxcb-render0-dev libxcb-image0-dev libxkbcommon-dev libxkbcommon-x11-dev
+  libxcb-randr0-dev libxcb-xfixes0-dev libxcb-shm0-dev libxcb-composite0-dev libxcb-render0-dev libxcb-image0-dev libxkbcommon-dev libxkbcommon-x11-dev
   libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev gstreamer1.0-plugins-base
   gstreamer1.0-plugins-good gstreamer1.0-plugins-ugly gstreamer1.0-x
   # Chinese, Japanese and Korean glyphs for the translated chrome.

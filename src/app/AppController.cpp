@@ -111,7 +111,11 @@ QString AppController::linuxWindowingBackend() const
 }
 QString AppController::linuxCapabilitySummary() const
 {
-    return m_session->summary();
+    if (m_compositing)
+        return m_session->summary();
+    return m_session->summary()
+        + QStringLiteral(" No compositing manager runs: the spotlight and the drawings stay"
+                         " hidden until one starts.");
 }
 bool AppController::linuxUsesX11Backend() const
 {
@@ -256,9 +260,35 @@ void AppController::copyToClipboard(const QString &text)
 
 void AppController::reportKeystroke(const QString &combo)
 {
+    // Keys typed into a lock screen are nobody's business.
+    if (m_sessionLocked)
+        return;
     // No equality test: a repeated key must renew the display.
     m_lastKeystroke = combo;
     emit keystrokeChanged();
+}
+
+void AppController::setCompositing(bool active)
+{
+    if (active == m_compositing)
+        return;
+    m_compositing = active;
+    emit linuxCapabilitySummaryChanged();
+}
+
+void AppController::setSessionLocked(bool locked)
+{
+    if (locked == m_sessionLocked)
+        return;
+    m_sessionLocked = locked;
+    // A card still up when the lock begins goes now, so that nothing typed
+    // into the lock screen is left to read after it.
+    if (locked && !m_lastKeystroke.isEmpty()) {
+        m_lastKeystroke.clear();
+        emit keystrokeChanged();
+    }
+    qCInfo(lcController) << "AppController: session" << (locked ? "locked" : "unlocked");
+    emit sessionLockedChanged();
 }
 
 void AppController::toggleToolbar()
@@ -628,8 +658,6 @@ void AppController::refreshClickThroughState()
         state, control ? std::optional<QRect>(control->geometry()) : std::nullopt);
     if (!hudArea || !m_overlayManager->setWindowInputArea(hudKey, *hudArea))
         m_overlayManager->setWindowClickThrough(hudKey, !interactive);
-    // Every refresh, so the HUD stays above the overlay windows.
-    m_overlayManager->raiseWindow(hudKey);
     m_lastHudInteractive = interactive;
 }
 

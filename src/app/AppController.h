@@ -68,7 +68,8 @@ class AppController : public QObject
     Q_PROPERTY(QPointF dragCursorPos READ dragCursorPos NOTIFY dragCursorPosChanged FINAL)
     Q_PROPERTY(QString linuxSessionType READ linuxSessionType CONSTANT FINAL)
     Q_PROPERTY(QString linuxWindowingBackend READ linuxWindowingBackend CONSTANT FINAL)
-    Q_PROPERTY(QString linuxCapabilitySummary READ linuxCapabilitySummary CONSTANT FINAL)
+    Q_PROPERTY(QString linuxCapabilitySummary READ linuxCapabilitySummary NOTIFY
+                   linuxCapabilitySummaryChanged FINAL)
     Q_PROPERTY(bool linuxUsesX11Backend READ linuxUsesX11Backend CONSTANT FINAL)
     Q_PROPERTY(bool linuxHotkeysAvailable READ linuxHotkeysAvailable CONSTANT FINAL)
     Q_PROPERTY(bool linuxClickThroughAvailable READ linuxClickThroughAvailable CONSTANT FINAL)
@@ -86,6 +87,7 @@ class AppController : public QObject
     Q_PROPERTY(int recordingElapsed READ recordingElapsed NOTIFY recordingElapsedChanged FINAL)
     Q_PROPERTY(bool captureInProgress READ captureInProgress NOTIFY captureInProgressChanged FINAL)
     Q_PROPERTY(bool regionSelecting READ regionSelecting NOTIFY regionSelectingChanged FINAL)
+    Q_PROPERTY(bool sessionLocked READ sessionLocked NOTIFY sessionLockedChanged FINAL)
 
 public:
     // Every manager may be null; each use tests for it.
@@ -141,6 +143,8 @@ public:
     int recordingElapsed() const;
     bool captureInProgress() const { return m_captureInProgress; }
     bool regionSelecting() const { return m_regionSelecting; }
+    // A screen locker is up: no keystroke text is taken in meanwhile.
+    bool sessionLocked() const { return m_sessionLocked; }
 
     void setToolbarRect(const QRectF &rect);
     void setHelpButtonRect(const QRectF &rect);
@@ -178,6 +182,9 @@ public slots:
     void openColorDialog();
     void copyToClipboard(const QString &text);
     void reportKeystroke(const QString &combo);
+    void setSessionLocked(bool locked);
+    // Whether a compositing manager shows the overlays' transparency.
+    void setCompositing(bool active);
     void toggleToolbar();
     void setToolbarVisible(bool visible);
     void setModalActive(bool active);
@@ -232,6 +239,8 @@ signals:
     void recordingElapsedChanged();
     void captureInProgressChanged();
     void regionSelectingChanged();
+    void sessionLockedChanged();
+    void linuxCapabilitySummaryChanged();
     void settingsPageRequested(const QString &pageId);
     void regionCaptureRequested();
     void recordingSaved(const QString &path);
@@ -295,6 +304,8 @@ private:
     QRectF m_modalRect;
     bool m_captureInProgress = false;
     bool m_regionSelecting = false;
+    bool m_sessionLocked = false;
+    bool m_compositing = true;
     bool m_savedOverlayEnabled = true;
     bool m_savedToolbarVisible = true;
 };

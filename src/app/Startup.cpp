@@ -178,6 +178,13 @@ int runGlimmora(int argc, char *argv[])
     // once the main window does.
     OverlayWindowManager overlayWindows(&displayManager, &overlayManager, &appController, &engine,
                                         qobject_cast<QQuickWindow *>(engine.rootObjects().first()));
+    appController.setCompositing(overlayWindows.compositing());
+    QObject::connect(&overlayWindows, &OverlayWindowManager::compositingChanged, &appController,
+                     [&] { appController.setCompositing(overlayWindows.compositing()); });
+    // A screen locker pauses the keystroke display and takes any card down.
+    appController.setSessionLocked(overlayWindows.sessionLocked());
+    QObject::connect(&overlayWindows, &OverlayWindowManager::sessionLockedChanged, &appController,
+                     [&] { appController.setSessionLocked(overlayWindows.sessionLocked()); });
     QObject::connect(&app, &QCoreApplication::aboutToQuit, &overlayWindows, [&] {
         overlayWindows.hideAll();
         // A recording running at quit is stopped, not abandoned.

@@ -59,12 +59,6 @@ bool OverlayManager::setWindowInputArea(const QString &id, const QRegion &area)
     return true;
 }
 
-void OverlayManager::raiseWindow(const QString &displayId)
-{
-    if (QWindow *window = m_windows.value(displayId))
-        window->raise();
-}
-
 void OverlayManager::registerWindow(const QString &id, QWindow *window)
 {
     if (!window)
@@ -84,6 +78,12 @@ void OverlayManager::excludeFromCapture(QWindow *window)
 {
     if (window && m_passThrough)
         m_passThrough->excludeFromCapture(window);
+}
+
+void OverlayManager::setVisibleArea(QWindow *window, const std::optional<QRegion> &area)
+{
+    if (window && m_passThrough)
+        m_passThrough->setVisibleArea(window, area);
 }
 
 void OverlayManager::applyClickThrough(QWindow *window, bool value)

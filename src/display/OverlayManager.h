@@ -39,12 +39,13 @@ public:
     // logical coordinates, where the platform can shape input; false where it
     // cannot. setWindowClickThrough returns it to a whole-window value.
     bool setWindowInputArea(const QString &id, const QRegion &area);
-    void raiseWindow(const QString &displayId);
     void registerWindow(const QString &id, QWindow *window);
     void unregisterWindow(const QString &id);
 
     // Keeps the window out of screen grabs where the platform can.
     void excludeFromCapture(QWindow *window);
+    // What is seen of the window: `area` in its own coordinates, or all of it.
+    void setVisibleArea(QWindow *window, const std::optional<QRegion> &area);
 
 signals:
     void clickThroughChanged();

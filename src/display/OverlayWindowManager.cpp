@@ -24,12 +24,11 @@ QUrl documentUrl(const char *name)
 }
 } // namespace
 
-OverlayWindowManager::OverlayWindowManager(DisplayManager *displayManager,
-                                           OverlayManager *overlayManager,
-                                           AppController *appController, QQmlEngine *engine,
-                                           QQuickWindow *mainWindow,
-                                           std::unique_ptr<OverlayWindowStyle> style,
-                                           QObject *parent)
+OverlayWindowManager::OverlayWindowManager(
+    DisplayManager *displayManager, OverlayManager *overlayManager, AppController *appController,
+    QQmlEngine *engine, QQuickWindow *mainWindow, std::unique_ptr<OverlayWindowStyle> style,
+    std::unique_ptr<OverlayStacking> stacking, std::unique_ptr<CompositorWatch> compositor,
+    QObject *parent)
     : QObject(parent)
     , m_displayManager(displayManager)
     , m_overlayManager(overlayManager)
@@ -37,9 +36,19 @@ OverlayWindowManager::OverlayWindowManager(DisplayManager *displayManager,
     , m_engine(engine)
     , m_mainWindow(mainWindow)
     , m_style(std::move(style))
+    , m_stacking(std::move(stacking))
+    , m_shapes(overlayManager, std::move(compositor))
 {
+    // The root document keeps its window hidden until this point.
     if (m_mainWindow && m_style)
         m_style->apply(m_mainWindow, OverlayWindowStyle::Focus::Never);
+    if (m_stacking)
+        connect(m_stacking.get(), &OverlayStacking::sessionLockedChanged, this,
+                &OverlayWindowManager::sessionLockedChanged);
+    connect(&m_shapes, &UncompositedShapes::compositingChanged, this,
+            &OverlayWindowManager::compositingChanged);
+    connect(&m_shapes, &UncompositedShapes::compositorStarted, this,
+            &OverlayWindowManager::renewNativeWindows);
 
     if (m_displayManager) {
         connect(m_displayManager, &DisplayManager::displaysChanged, this, [this] {
@@ -145,8 +154,8 @@ void OverlayWindowManager::syncControlWindow()
     } else {
         m_hud->setScreen(screen);
         m_hud->setGeometry(screen->geometry());
-        m_hud->raise();
     }
+    updateWindowLists();
 }
 
 void OverlayWindowManager::syncSecondaries()
@@ -173,6 +182,7 @@ void OverlayWindowManager::syncSecondaries()
             createSecondary(id, screen);
         }
     }
+    updateWindowLists();
 }
 
 QScreen *OverlayWindowManager::screenForDisplay(const QString &displayId) const
@@ -213,29 +223,29 @@ void OverlayWindowManager::createSecondary(const QString &displayId, QScreen *sc
             << "OverlayWindowManager: failed to load SecondaryOverlay:" << component.errorString();
         return;
     }
-    QObject *object = component.createWithInitialProperties(
-        { { QStringLiteral("displayId"), displayId } }, m_engine->rootContext());
-    if (!object) {
+    QObject *object = component.beginCreate(m_engine->rootContext());
+    auto *window = qobject_cast<QQuickWindow *>(object);
+    if (window) {
+        component.setInitialProperties(window, { { QStringLiteral("displayId"), displayId } });
+        // QWindow::setParent would make it a child window.
+        window->QObject::setParent(this);
+        prepare(window, OverlayWindowStyle::Focus::Never, screen);
+    }
+    if (object)
+        component.completeCreate();
+    if (!object || component.isError()) {
         qCWarning(lcOverlayWindows)
             << "OverlayWindowManager: failed to create SecondaryOverlay for" << displayId;
+        delete object;
         return;
     }
-    auto *window = qobject_cast<QQuickWindow *>(object);
     if (!window) {
         qCWarning(lcOverlayWindows)
             << "OverlayWindowManager: SecondaryOverlay root is not a QQuickWindow";
         delete object;
         return;
     }
-    // QWindow::setParent would make it a child window.
-    window->QObject::setParent(this);
-    if (m_style)
-        m_style->apply(window, OverlayWindowStyle::Focus::Never);
-    window->setScreen(screen);
-    window->setGeometry(screen->geometry());
     window->show();
-    // Nothing stacks override-redirect windows but the program itself.
-    window->raise();
     if (m_overlayManager)
         m_overlayManager->registerWindow(displayId, window);
     m_secondaries.insert(displayId, window);
@@ -266,25 +276,26 @@ void OverlayWindowManager::createHud(QScreen *screen)
             << "OverlayWindowManager: failed to load HudWindow:" << component.errorString();
         return;
     }
-    QObject *object = component.create(m_engine->rootContext());
-    if (!object) {
+    QObject *object = component.beginCreate(m_engine->rootContext());
+    auto *window = qobject_cast<QQuickWindow *>(object);
+    if (window) {
+        window->QObject::setParent(this);
+        // The controls window takes the keyboard only when a dialog asks for it.
+        prepare(window, OverlayWindowStyle::Focus::OnRequest, screen);
+    }
+    if (object)
+        component.completeCreate();
+    if (!object || component.isError()) {
         qCWarning(lcOverlayWindows) << "OverlayWindowManager: failed to create HudWindow";
+        delete object;
         return;
     }
-    auto *window = qobject_cast<QQuickWindow *>(object);
     if (!window) {
         qCWarning(lcOverlayWindows) << "OverlayWindowManager: HudWindow root is not a QQuickWindow";
         delete object;
         return;
     }
-    window->QObject::setParent(this);
-    // The controls window takes the keyboard only when a dialog asks for it.
-    if (m_style)
-        m_style->apply(window, OverlayWindowStyle::Focus::OnRequest);
-    window->setScreen(screen);
-    window->setGeometry(screen->geometry());
     window->show();
-    window->raise();
     QPointer<QQuickWindow> hud(window);
     QTimer::singleShot(0, this, [this, hud] {
         if (hud && m_overlayManager)
@@ -309,6 +320,50 @@ void OverlayWindowManager::destroyHud()
     m_hud->deleteLater();
     m_hud = nullptr;
     qCDebug(lcOverlayWindows) << "OverlayWindowManager: destroyed HudWindow";
+}
+
+void OverlayWindowManager::renewNativeWindows()
+{
+    // A compositing manager that starts after them may never take up
+    // override-redirect windows that were already mapped (xfwm4 does not):
+    // new native windows are announced to it like any others. Styles and
+    // pass-through follow the new windows by themselves.
+    QList<QWindow *> windows;
+    for (QQuickWindow *window : std::as_const(m_secondaries))
+        windows.append(window);
+    windows << m_mainWindow.data() << m_hud;
+    int renewed = 0;
+    for (QWindow *window : std::as_const(windows)) {
+        if (!window || !window->isVisible())
+            continue;
+        window->destroy();
+        window->show();
+        ++renewed;
+    }
+    qCDebug(lcOverlayWindows) << "OverlayWindowManager: renewed" << renewed
+                              << "native windows for a new compositing manager";
+}
+
+void OverlayWindowManager::prepare(QQuickWindow *window, OverlayWindowStyle::Focus focus,
+                                   QScreen *screen)
+{
+    if (m_style)
+        m_style->apply(window, focus);
+    window->setScreen(screen);
+    window->setGeometry(screen->geometry());
+}
+
+void OverlayWindowManager::updateWindowLists()
+{
+    QList<QWindow *> overlays;
+    for (QQuickWindow *window : std::as_const(m_secondaries))
+        overlays.append(window);
+    if (m_mainWindow)
+        overlays.append(m_mainWindow);
+    m_shapes.setWindows(overlays, m_hud);
+    // The controls window on top of the overlays.
+    if (m_stacking)
+        m_stacking->setWindows(m_hud ? overlays + QList<QWindow *> { m_hud } : overlays);
 }
 
 void OverlayWindowManager::setOverlaysVisible(bool visible)

@@ -118,19 +118,27 @@ void HotkeyManager::onKeyEvent(int key, bool down, int modifiers)
     if (!down)
         return;
 
+    const BareCommand *command = nullptr;
     if (m_commandKeysActive) {
         // Exact modifiers: a bare Esc does not match while Ctrl is held.
         const KeyCombination pressed { modifiers, key };
-        for (const BareCommand &command : std::as_const(m_bareCommands)) {
-            if (command.combination == pressed) {
-                dispatch(command.action, command.sequence);
-                return;
+        for (const BareCommand &candidate : std::as_const(m_bareCommands)) {
+            if (candidate.combination == pressed) {
+                command = &candidate;
+                break;
             }
         }
     }
-
-    const QString text = m_filter.text(key, modifiers);
-    if (!text.isEmpty())
+    const QString text = command ? QString() : m_filter.text(key, modifiers);
+    if (!command && text.isEmpty())
+        return;
+    // Observed keys arrive also while a locker or a password prompt holds
+    // the keyboard; those are neither commands nor shown.
+    if (m_backend->keyboardGrabbedElsewhere())
+        return;
+    if (command)
+        dispatch(command->action, command->sequence);
+    else
         emit keystrokeRequested(text);
 }
 

@@ -35,6 +35,12 @@ public:
     // nothing.
     virtual void start() = 0;
 
+    // Whether another program holds the whole keyboard now, as a screen
+    // locker or a password prompt does: its keys are not the presenter's.
+    // Asked only when a key would be acted on or shown. Where the window
+    // system keeps such keys from the program anyway, the answer is no.
+    virtual bool keyboardGrabbedElsewhere() { return false; }
+
     static std::unique_ptr<HotkeyBackend> create();
 
 signals:

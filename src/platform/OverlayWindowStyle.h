@@ -18,6 +18,7 @@ public:
 
     virtual ~OverlayWindowStyle() = default;
 
+    // Before the window is first shown.
     virtual void apply(QWindow *window, Focus focus) = 0;
 
     static std::unique_ptr<OverlayWindowStyle> create();

@@ -1,8 +1,10 @@
 #pragma once
 
-#include <memory>
+#include <QRegion>
 
-class QRegion;
+#include <memory>
+#include <optional>
+
 class QWindow;
 
 // Per-window mouse pass-through and capture exclusion, the two native window
@@ -29,6 +31,15 @@ public:
 
     // Keeps the window out of screen grabs where the platform can.
     virtual void excludeFromCapture(QWindow *window) = 0;
+
+    // Limits what is seen of the window to `area` (window coordinates), or
+    // shows it whole again; what lies outside takes no clicks either. Only a
+    // window system that may run without composition needs it.
+    virtual void setVisibleArea(QWindow *window, const std::optional<QRegion> &area)
+    {
+        Q_UNUSED(window)
+        Q_UNUSED(area)
+    }
 
     static std::unique_ptr<WindowPassThrough> create();
 };

@@ -10,7 +10,10 @@ ApplicationWindow {
 
     width: 1
     height: 1
-    visible: true
+    // The window manager code shows it once it is styled and placed: a window
+    // first mapped as an ordinary one is taken over by a running window
+    // manager, which does not let go of it cleanly.
+    visible: false
     title: "Glimmora"
     color: overlayRoot.windowColor
     flags: Qt.Window | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint | Qt.Tool

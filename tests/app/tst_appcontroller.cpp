@@ -531,6 +531,34 @@ private slots:
         QCOMPARE(controller->lastKeystroke(), QStringLiteral("F5"));
     }
 
+    void aLockTakesTheCardDownAndShowsNothingTypedIntoIt()
+    {
+        QSignalSpy spy(controller.get(), &AppController::keystrokeChanged);
+        controller->reportKeystroke(QStringLiteral("Ctrl+C"));
+        controller->setSessionLocked(true);
+        QCOMPARE(spy.count(), 2);
+        QCOMPARE(controller->lastKeystroke(), QString());
+        controller->reportKeystroke(QStringLiteral("Shift+S"));
+        QCOMPARE(spy.count(), 2);
+        QCOMPARE(controller->lastKeystroke(), QString());
+        controller->setSessionLocked(false);
+        controller->reportKeystroke(QStringLiteral("Ctrl+C"));
+        QCOMPARE(controller->lastKeystroke(), QStringLiteral("Ctrl+C"));
+    }
+
+    void summarySaysWhenNothingComposites()
+    {
+        QSignalSpy spy(controller.get(), &AppController::linuxCapabilitySummaryChanged);
+        const QString note = QStringLiteral("No compositing manager runs");
+        QVERIFY(!controller->linuxCapabilitySummary().contains(note));
+        controller->setCompositing(false);
+        QVERIFY(controller->linuxCapabilitySummary().contains(note));
+        controller->setCompositing(false);
+        controller->setCompositing(true);
+        QVERIFY(!controller->linuxCapabilitySummary().contains(note));
+        QCOMPARE(spy.count(), 2);
+    }
+
     void quitAsksFirstWhenConfirmationIsOn()
     {
         QSignalSpy spy(controller.get(), &AppController::quitRequested);

@@ -13,6 +13,9 @@ struct FakeKeySystem
     QHash<int, KeyCombination> registered;
     bool available = true;
     int startCalls = 0;
+    // Another program holds the whole keyboard, and how often that was asked.
+    bool keyboardGrabbed = false;
+    int grabQuestions = 0;
 };
 
 // Refuses like a window system: a combination held by another program, or
@@ -45,6 +48,11 @@ public:
     }
     void unregisterHotkey(int id) override { m_system->registered.remove(id); }
     void start() override { ++m_system->startCalls; }
+    bool keyboardGrabbedElsewhere() override
+    {
+        ++m_system->grabQuestions;
+        return m_system->keyboardGrabbed;
+    }
 
     void pressHotkey(int id) { emit hotkeyPressed(id); }
     void tapKey(int key, int modifiers)

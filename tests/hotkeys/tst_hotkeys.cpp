@@ -353,45 +353,56 @@ private slots:
     {
         QTest::addColumn<QVariantMap>("changes");
         QTest::addColumn<bool>("commandKeysActive");
+        QTest::addColumn<bool>("grabbedElsewhere");
         QTest::addColumn<int>("key");
         QTest::addColumn<int>("modifiers");
         QTest::addColumn<QStringList>("events");
 
         const int esc = KeyCode::Escape;
         QTest::newRow("bare Esc leaves drawing while the overlay takes commands")
-            << QVariantMap {} << true << esc << 0 << QStringList { "keys(Esc)", "exitToCursor" };
+            << QVariantMap {} << true << false << esc << 0
+            << QStringList { "keys(Esc)", "exitToCursor" };
         QTest::newRow("bare Esc is only shown while the settings are open")
-            << QVariantMap {} << false << esc << 0 << QStringList { "keys(Esc)" };
+            << QVariantMap {} << false << false << esc << 0 << QStringList { "keys(Esc)" };
         QTest::newRow("Esc with Ctrl held is not the command")
-            << QVariantMap {} << true << esc << Ctrl << QStringList { "keys(Ctrl+Esc)" };
+            << QVariantMap {} << true << false << esc << Ctrl << QStringList { "keys(Ctrl+Esc)" };
         QTest::newRow("a bare K binding acts")
-            << QVariantMap { { "pen", "K" } } << true << letter('K') << 0
+            << QVariantMap { { "pen", "K" } } << true << false << letter('K') << 0
             << QStringList { "keys(K)", "tool(pen)" };
         QTest::newRow("a bare K binding does not act with Shift held")
-            << QVariantMap { { "pen", "K" } } << true << letter('K') << Shift
+            << QVariantMap { { "pen", "K" } } << true << false << letter('K') << Shift
             << QStringList { "keys(Shift+K)" };
         QTest::newRow("a bare digit binding acts on the digit")
-            << QVariantMap { { "clear", "9" } } << true << digit(9) << 0
+            << QVariantMap { { "clear", "9" } } << true << false << digit(9) << 0
             << QStringList { "keys(9)", "clear" };
         QTest::newRow("a registered combination is left to the hotkey path")
-            << QVariantMap {} << true << digit(3) << Alt << QStringList { "keys(Alt+3)" };
+            << QVariantMap {} << true << false << digit(3) << Alt << QStringList { "keys(Alt+3)" };
         QTest::newRow("F5 through the observer is only shown")
-            << QVariantMap {} << true << function(5) << 0 << QStringList { "keys(F5)" };
+            << QVariantMap {} << true << false << function(5) << 0 << QStringList { "keys(F5)" };
         QTest::newRow("two bare bindings: the first action in key order wins")
-            << QVariantMap { { "pen", "K" }, { "arrow", "K" } } << true << letter('K') << 0
+            << QVariantMap { { "pen", "K" }, { "arrow", "K" } } << true << false << letter('K') << 0
             << QStringList { "keys(K)", "tool(arrow)" };
+        // A locker or a password prompt holds the keyboard: the keys are theirs.
+        QTest::newRow("bare Esc typed into a locker does nothing")
+            << QVariantMap {} << true << true << esc << 0 << QStringList {};
+        QTest::newRow("a bare K binding typed into a password prompt does nothing")
+            << QVariantMap { { "pen", "K" } } << true << true << letter('K') << 0 << QStringList {};
+        QTest::newRow("Shift+S typed into a password prompt is not shown")
+            << QVariantMap {} << true << true << letter('S') << Shift << QStringList {};
     }
 
     void keyHandler()
     {
         QFETCH(QVariantMap, changes);
         QFETCH(bool, commandKeysActive);
+        QFETCH(bool, grabbedElsewhere);
         QFETCH(int, key);
         QFETCH(int, modifiers);
         QFETCH(QStringList, events);
 
         m_manager->setHotkeys(mapWith(changes));
         m_manager->setCommandKeysActive(commandKeysActive);
+        m_system.keyboardGrabbed = grabbedElsewhere;
         Recorder recorder(m_manager.get());
         m_backend->tapKey(key, modifiers);
         QCOMPARE(recorder.events, events);
@@ -457,6 +468,9 @@ private slots:
         m_backend->tapKey(key, modifiers);
         QCOMPARE(recorder.events,
                  text.isEmpty() ? QStringList {} : QStringList { "keys(" + text + ")" });
+        // Only a key that would be shown asks whether another program holds
+        // the keyboard: the question briefly grabs it.
+        QCOMPARE(m_system.grabQuestions, text.isEmpty() ? 0 : 1);
     }
 
     void withoutAnXServerNothingIsGrabbed()

@@ -202,27 +202,27 @@ void tst_X11PassThrough::writesOnlyOnChange()
 
 void tst_X11PassThrough::overlayStyle_data()
 {
-    QTest::addColumn<bool>("styleWhileShown");
+    QTest::addColumn<bool>("flagsReplaced");
     QTest::addColumn<bool>("recreate");
     QTest::newRow("styled before it is shown") << false << false;
-    QTest::newRow("styled while on screen, as the root document's window") << true << false;
+    QTest::newRow("its flags replaced after styling, as a document's binding does")
+        << true << false;
     QTest::newRow("after the native window is re-created") << false << true;
 }
 
 void tst_X11PassThrough::overlayStyle()
 {
-    QFETCH(bool, styleWhileShown);
+    QFETCH(bool, flagsReplaced);
     QFETCH(bool, recreate);
     auto style = OverlayWindowStyle::create();
     QQuickWindow overlay;
     overlay.setColor(Qt::transparent);
     overlay.setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::Tool);
     overlay.setGeometry(smallOverlay);
-    if (styleWhileShown) {
-        overlay.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&overlay));
-    }
     style->apply(&overlay, OverlayWindowStyle::Focus::Never);
+    if (flagsReplaced)
+        overlay.setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint
+                         | Qt::Tool);
     overlay.show();
     QVERIFY(QTest::qWaitForWindowExposed(&overlay));
     if (recreate) {

@@ -14,15 +14,17 @@ ProbeClient::~ProbeClient()
     m_process.waitForFinished(2000);
 }
 
-bool ProbeClient::start(const QRect &geometry)
+bool ProbeClient::start(const QRect &geometry, bool overrideRedirect)
 {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_process.start(QStringLiteral(GLIMMORA_X_CLICK_PROBE),
-                    { QString::number(geometry.x()), QString::number(geometry.y()),
-                      QString::number(geometry.width()), QString::number(geometry.height()) });
+    QStringList arguments { QString::number(geometry.x()), QString::number(geometry.y()),
+                            QString::number(geometry.width()), QString::number(geometry.height()) };
+    if (overrideRedirect)
+        arguments << QStringLiteral("override");
+    m_process.start(QStringLiteral(GLIMMORA_X_CLICK_PROBE), arguments);
     if (!m_process.waitForStarted(5000))
         return false;
-    return QTest::qWaitFor([this] { return m_window != 0; }, 5000);
+    return QTest::qWaitFor([this] { return m_window != 0; }, 15000);
 }
 
 void ProbeClient::readLines()

@@ -17,15 +17,16 @@ public:
     explicit ProbeClient(QObject *parent = nullptr);
     ~ProbeClient() override;
 
-    // Starts the client with its window at `geometry`; false if it did not
-    // report its window in time.
-    bool start(const QRect &geometry);
+    // Starts the client with its window at `geometry`, override-redirect if
+    // asked; false if it did not report its window in time.
+    bool start(const QRect &geometry, bool overrideRedirect = false);
 
     uint32_t window() const { return m_window; }
     int pressCount() const { return m_presses.size(); }
     QPoint lastPress() const { return m_presses.isEmpty() ? QPoint() : m_presses.last(); }
     // Focus changes away from the window that are not caused by grabs.
     int focusLosses() const { return m_focusLosses; }
+    qint64 processId() const { return m_process.processId(); }
 
 private:
     void readLines();

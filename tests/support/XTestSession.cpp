@@ -209,6 +209,29 @@ QList<uint32_t> XTestSession::mappedWindowsOf(qint64 pid)
     return result;
 }
 
+uint32_t XTestSession::topLevelOf(uint32_t window)
+{
+    for (;;) {
+        auto tree =
+            wrap(xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, window), nullptr));
+        if (!tree)
+            return 0;
+        if (tree->parent == m_root || tree->parent == XCB_NONE)
+            return window;
+        window = tree->parent;
+    }
+}
+
+QList<uint32_t> XTestSession::stackingOrder()
+{
+    auto tree =
+        wrap(xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, m_root), nullptr));
+    if (!tree)
+        return {};
+    const xcb_window_t *children = xcb_query_tree_children(tree.get());
+    return QList<uint32_t>(children, children + xcb_query_tree_children_length(tree.get()));
+}
+
 void XTestSession::watchInputShape(uint32_t window)
 {
     xcb_shape_select_input(m_connection, window, 1);
@@ -227,6 +250,21 @@ int XTestSession::takeInputShapeChanges(uint32_t window, xcb_connection_t *other
     drainEvents();
     const int count = static_cast<int>(m_inputShapeEvents.removeAll(window));
     return count;
+}
+
+bool XTestSession::keyboardGrabbed()
+{
+    auto reply =
+        wrap(xcb_grab_keyboard_reply(m_connection,
+                                     xcb_grab_keyboard(m_connection, 0, m_root, XCB_CURRENT_TIME,
+                                                       XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
+                                     nullptr));
+    if (reply && reply->status == XCB_GRAB_STATUS_SUCCESS) {
+        xcb_ungrab_keyboard(m_connection, XCB_CURRENT_TIME);
+        sync();
+        return false;
+    }
+    return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
 }
 
 void XTestSession::sync()

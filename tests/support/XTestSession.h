@@ -51,12 +51,19 @@ public:
 
     // Mapped top-level windows whose _NET_WM_PID is pid, bottom to top.
     QList<uint32_t> mappedWindowsOf(qint64 pid);
+    // The root's child that holds the window (a window manager's frame, or
+    // the window itself), and the root's children bottom to top.
+    uint32_t topLevelOf(uint32_t window);
+    QList<uint32_t> stackingOrder();
 
     // Counts changes of the window's input region from here on.
     void watchInputShape(uint32_t window);
     // The input-region changes seen since the last call, after everything
     // sent before by `other` (the connection that changes it) has arrived.
     int takeInputShapeChanges(uint32_t window, xcb_connection_t *other);
+
+    // Whether another client holds an active grab of the keyboard.
+    bool keyboardGrabbed();
 
     // Waits until the server has processed every request sent so far.
     void sync();

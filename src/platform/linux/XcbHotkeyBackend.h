@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/HotkeyBackend.h"
+#include "platform/linux/XcbKeyboardGrabProbe.h"
 #include "platform/linux/XkbKeyboard.h"
 
 #include <QAbstractNativeEventFilter>
@@ -30,6 +31,7 @@ public:
     bool registerHotkey(int id, const KeyCombination &combination) override;
     void unregisterHotkey(int id) override;
     void start() override;
+    bool keyboardGrabbedElsewhere() override { return m_grabProbe.grabbedElsewhere(); }
 
     bool nativeEventFilter(const QByteArray &eventType, void *message, qintptr *result) override;
 
@@ -65,4 +67,5 @@ private:
     // A hotkey fires once per press, not again while the key repeats.
     xcb_keycode_t m_heldKeycode = 0;
     QTimer m_reloadTimer;
+    XcbKeyboardGrabProbe m_grabProbe;
 };

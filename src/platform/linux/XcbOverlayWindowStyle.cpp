@@ -2,12 +2,15 @@
 
 #include <QGuiApplication>
 #include <QList>
+#include <QLoggingCategory>
 #include <QPlatformSurfaceEvent>
 #include <QWindow>
 
 #include <cstdlib>
 #include <cstring>
 #include <xcb/xcb.h>
+
+Q_LOGGING_CATEGORY(lcStyle, "glimmora.platform")
 
 std::unique_ptr<OverlayWindowStyle> OverlayWindowStyle::create()
 {
@@ -31,29 +34,18 @@ void XcbOverlayWindowStyle::apply(QWindow *window, Focus focus)
 {
     if (!window)
         return;
-    Qt::WindowFlags flags = window->flags() | Qt::X11BypassWindowManagerHint;
-    flags.setFlag(Qt::WindowDoesNotAcceptFocus, focus == Focus::Never);
-
+    Qt::WindowFlags wanted = Qt::X11BypassWindowManagerHint;
+    if (focus == Focus::Never)
+        wanted |= Qt::WindowDoesNotAcceptFocus;
     if (!m_windows.contains(window)) {
-        m_windows.insert(window);
         window->installEventFilter(this);
         connect(window, &QObject::destroyed, this, [this, window] { m_windows.remove(window); });
     }
-    if (flags == window->flags()) {
-        if (window->handle())
-            writeProperties(static_cast<uint32_t>(window->winId()));
-        return;
-    }
-    // Override-redirect is read by the server when the window is mapped, so a
-    // window already on screen goes down and up once.
-    const bool wasVisible = window->isVisible();
-    if (wasVisible)
-        window->hide();
-    window->setFlags(flags);
-    if (window->handle())
-        writeProperties(static_cast<uint32_t>(window->winId()));
-    if (wasVisible)
-        window->show();
+    m_windows.insert(window, wanted);
+    if (window->isVisible())
+        qCWarning(lcStyle) << "XcbOverlayWindowStyle: styled after it was shown;"
+                           << "a window manager may already hold it";
+    withStyle(window);
 }
 
 bool XcbOverlayWindowStyle::eventFilter(QObject *watched, QEvent *event)
@@ -61,9 +53,23 @@ bool XcbOverlayWindowStyle::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::PlatformSurface
         && static_cast<QPlatformSurfaceEvent *>(event)->surfaceEventType()
             == QPlatformSurfaceEvent::SurfaceCreated) {
-        writeProperties(static_cast<uint32_t>(static_cast<QWindow *>(watched)->winId()));
+        // The native window exists and is not mapped yet: the last moment at
+        // which override-redirect keeps the window manager out. A document's
+        // own flags binding may have replaced ours since apply().
+        withStyle(static_cast<QWindow *>(watched));
     }
     return QObject::eventFilter(watched, event);
+}
+
+void XcbOverlayWindowStyle::withStyle(QWindow *window)
+{
+    const Qt::WindowFlags wanted = m_windows.value(window);
+    Qt::WindowFlags flags = window->flags() | wanted;
+    flags.setFlag(Qt::WindowDoesNotAcceptFocus, wanted.testFlag(Qt::WindowDoesNotAcceptFocus));
+    if (flags != window->flags())
+        window->setFlags(flags);
+    if (window->handle())
+        writeProperties(static_cast<uint32_t>(window->winId()));
 }
 
 void XcbOverlayWindowStyle::writeProperties(uint32_t nativeWindow)

@@ -2,16 +2,18 @@
 
 #include "platform/OverlayWindowStyle.h"
 
+#include <QHash>
 #include <QObject>
-#include <QSet>
 
 #include <cstdint>
 
 struct xcb_connection_t;
 
 // Override-redirect windows: the window manager neither stacks, focuses nor
-// lists them, so the program raises them itself. Qt's bypass flag makes them
-// override-redirect; the properties for taskbar, pager and compositor are
+// lists them, so the program stacks them itself. Qt's bypass flag makes them
+// override-redirect; it must be in place before the first map, since a
+// window manager takes over a window mapped as an ordinary one and does not
+// let go cleanly. The properties for taskbar, pager and compositor are
 // written on every native window Qt creates for them.
 class XcbOverlayWindowStyle : public QObject, public OverlayWindowStyle
 {
@@ -27,6 +29,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void withStyle(QWindow *window);
     void writeProperties(uint32_t nativeWindow);
     void addStates(uint32_t nativeWindow);
     uint32_t internAtom(const char *name) const;
@@ -36,5 +39,6 @@ private:
     uint32_t m_state = 0;
     uint32_t m_skipTaskbar = 0;
     uint32_t m_skipPager = 0;
-    QSet<QWindow *> m_windows;
+    // The flags each styled window must carry.
+    QHash<QWindow *, Qt::WindowFlags> m_windows;
 };

@@ -55,6 +55,19 @@ void XcbWindowPassThrough::want(QWindow *window, const Input &input)
     apply(window, state);
 }
 
+void XcbWindowPassThrough::setVisibleArea(QWindow *window, const std::optional<QRegion> &area)
+{
+    if (!window || !m_shapeAvailable)
+        return;
+    track(window);
+    WindowState &state = m_windows[window];
+    if (state.visibleArea == area)
+        return;
+    state.visibleArea = area;
+    state.visibleAreaApplied = false;
+    apply(window, state);
+}
+
 void XcbWindowPassThrough::excludeFromCapture(QWindow *window)
 {
     Q_UNUSED(window)
@@ -77,6 +90,7 @@ bool XcbWindowPassThrough::eventFilter(QObject *watched, QEvent *event)
                 // A new native window starts with no input region: it takes the mouse.
                 it->nativeWindow = static_cast<uint32_t>(window->winId());
                 it->applied = Input {};
+                it->visibleAreaApplied = !it->visibleArea;
                 apply(window, *it);
             } else {
                 it->nativeWindow = 0;
@@ -104,10 +118,37 @@ void XcbWindowPassThrough::apply(QWindow *window, WindowState &state)
     // Without a native window the state waits for SurfaceCreated.
     if (!window->handle() || state.nativeWindow == 0)
         return;
+    if (!state.visibleAreaApplied) {
+        writeVisibleArea(window, state);
+        state.visibleAreaApplied = true;
+    }
     if (state.applied == state.wanted)
         return;
     writeRegion(state.nativeWindow, state.wanted, window->devicePixelRatio());
     state.applied = state.wanted;
+}
+
+void XcbWindowPassThrough::writeVisibleArea(QWindow *window, const WindowState &state)
+{
+    if (!state.visibleArea) {
+        xcb_shape_mask(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, state.nativeWindow, 0,
+                       0, XCB_NONE);
+    } else {
+        // The region is in the window's own units; the server counts pixels.
+        const qreal ratio = window->devicePixelRatio();
+        std::vector<xcb_rectangle_t> rectangles;
+        for (const QRect &rect : *state.visibleArea) {
+            const QRect pixels =
+                QRectF(QPointF(rect.topLeft()) * ratio, QSizeF(rect.size()) * ratio)
+                    .toAlignedRect();
+            rectangles.push_back({ int16_t(pixels.x()), int16_t(pixels.y()),
+                                   uint16_t(pixels.width()), uint16_t(pixels.height()) });
+        }
+        xcb_shape_rectangles(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING,
+                             XCB_CLIP_ORDERING_UNSORTED, state.nativeWindow, 0, 0,
+                             uint32_t(rectangles.size()), rectangles.data());
+    }
+    xcb_flush(m_connection);
 }
 
 void XcbWindowPassThrough::writeRegion(uint32_t nativeWindow, const Input &input, qreal ratio)

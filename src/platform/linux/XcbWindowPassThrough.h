@@ -14,6 +14,8 @@ struct xcb_connection_t;
 // Mouse pass-through through the window's XShape input region: an empty
 // region lets every click fall to the window below, no region takes them all,
 // and an area takes the clicks inside it only.
+// The bounding region limits what is seen of a window where nothing
+// composites it.
 // Qt's own transparent-for-input flag resets the region to the window's size
 // at the moment it is cleared, so a later resize would leave the new area
 // click-through; the region is therefore written here directly.
@@ -28,6 +30,7 @@ public:
     void setPassThrough(QWindow *window, bool passThrough) override;
     bool setInputArea(QWindow *window, const QRegion &area) override;
     void excludeFromCapture(QWindow *window) override;
+    void setVisibleArea(QWindow *window, const std::optional<QRegion> &area) override;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -48,12 +51,16 @@ private:
         // a window that existed before it was handed to us.
         uint32_t nativeWindow = 0;
         std::optional<Input> applied;
+        // The bounding region: none is the whole window.
+        std::optional<QRegion> visibleArea;
+        bool visibleAreaApplied = true;
     };
 
     void want(QWindow *window, const Input &input);
     void track(QWindow *window);
     void apply(QWindow *window, WindowState &state);
     void writeRegion(uint32_t nativeWindow, const Input &input, qreal ratio);
+    void writeVisibleArea(QWindow *window, const WindowState &state);
 
     xcb_connection_t *m_connection = nullptr;
     bool m_shapeAvailable = false;

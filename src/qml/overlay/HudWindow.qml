@@ -183,10 +183,10 @@ Window {
         }
 
         // The quit hotkey may arrive while the HUD passes the mouse through and
-        // has no focus: the dialog needs the keyboard for Esc and Return.
+        // has no focus: the dialog needs the keyboard for Esc and Return. The
+        // window already stands above the desktop's, and below a locker.
         function onQuitRequested() {
             quitDialog.visible = true;
-            root.raise();
             root.requestActivate();
         }
 

@@ -45,6 +45,14 @@ Item {
             root.hide();
             return;
         }
+        // The text is withdrawn when a lock begins: the caps go at once, not
+        // by the fade.
+        if (combo === "") {
+            root.keys = [];
+            root.actionLabel = "";
+            root.hide();
+            return;
+        }
         root.keys = combo.split("+");
         root.actionLabel = root.commandLabel(combo);
         root.state = "visible";
