@@ -133,10 +133,10 @@ void SettingsManager::load()
         const QString backup = path + u".bad"_s;
         QFile::remove(backup);
         const bool kept = QFile::exists(path) && QFile::copy(path, backup);
-        qCWarning(lcSettings).nospace()
-            << "SettingsManager: " << path << " is damaged (status " << m_settings.status()
-            << "); keeping what could be read"
-            << (kept ? qPrintable(u"; kept a copy at "_s + backup) : "");
+        qCWarning(lcSettings).noquote().nospace()
+            << "SettingsManager: cannot read all of " << path << " (status " << m_settings.status()
+            << "); keeping every value that could be read"
+            << (kept ? u"; kept a copy at "_s + backup : QString());
     }
 
     m_spotlightRadius =

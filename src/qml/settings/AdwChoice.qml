@@ -6,7 +6,7 @@ ChipChoice {
     anchors.right: parent.right
     anchors.verticalCenter: parent.verticalCenter
     activeTextColor: "white"
-    fillColor: "#0000000D"
-    lineColor: "#0000001A"
+    fillColor: AppTheme.linuxControlFill
+    lineColor: AppTheme.linuxControlLine
     textColor: AppTheme.linuxText
 }

@@ -6,7 +6,7 @@ PanelSlider {
     anchors.left: parent.left
     anchors.right: parent.right
     anchors.verticalCenter: parent.verticalCenter
-    trackColor: "#0000001A"
+    trackColor: AppTheme.linuxTrack
     knobSize: AppTheme.px(16)
     knobColor: AppTheme.accent
     knobBorderColor: "white"

@@ -8,5 +8,5 @@ PanelSwitch {
     width: AppTheme.px(44)
     height: AppTheme.px(26)
     knobSize: AppTheme.px(20)
-    uncheckedColor: "#00000025"
+    uncheckedColor: AppTheme.linuxSwitchOff
 }

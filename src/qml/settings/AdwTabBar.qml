@@ -22,7 +22,7 @@ Item {
         width: root.width - AppTheme.px(24)
         height: AppTheme.px(30)
         radius: AppTheme.px(8)
-        color: "#0000000D"
+        color: AppTheme.linuxControlFill
 
         Rectangle {
             x: pill.tabWidth * root.currentIndex + AppTheme.px(2)

@@ -49,8 +49,8 @@ PanelPage {
                     text: qsTr("Choose…")
                     height: AppTheme.px(30)
                     textColor: AppTheme.linuxText
-                    fillColor: "#0000000D"
-                    lineColor: "#0000001A"
+                    fillColor: AppTheme.linuxControlFill
+                    lineColor: AppTheme.linuxControlLine
                     onClicked: appController.chooseSaveFolder()
                 }
             }

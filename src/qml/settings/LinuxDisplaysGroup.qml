@@ -31,9 +31,9 @@ AdwGroup {
                 width: AppTheme.px(26)
                 height: width
                 radius: AppTheme.px(6)
-                color: "#0000000D"
+                color: AppTheme.linuxControlFill
                 border.width: 1
-                border.color: "#0000001A"
+                border.color: AppTheme.linuxControlLine
 
                 Text {
                     anchors.centerIn: parent

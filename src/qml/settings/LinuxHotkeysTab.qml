@@ -7,7 +7,7 @@ import "SettingsLogic.js" as SettingsLogic
 PanelPage {
     id: root
 
-    signal editRequested(string action, string label)
+    required property SettingsWindowLinux panel
 
     margins: AppTheme.px(20)
     spacing: AppTheme.px(18)
@@ -36,12 +36,12 @@ PanelPage {
                 HotkeyControls {
                     action: row.action
                     readSequence: sequence => SettingsLogic.linuxText(sequence)
-                    capFill: "#0000000D"
-                    capLine: "#0000001A"
+                    capFill: AppTheme.linuxControlFill
+                    capLine: AppTheme.linuxControlLine
                     textColor: AppTheme.linuxText
                     conflictText: "#B91C1C"
                     conflictFill: "#FFD7D7"
-                    onEditRequested: root.editRequested(row.action, row.label)
+                    onEditRequested: root.panel.editHotkey(row.action, row.label)
                 }
             }
             // qmllint enable unqualified

@@ -8,9 +8,6 @@ MacPage {
 
     Repeater {
         model: displayManager.displays
-
-        // Qt 6.4's linter does not see this document's ids inside a delegate.
-        // qmllint disable unqualified
         delegate: MacRow {
             id: row
 
@@ -56,6 +53,5 @@ MacPage {
                 }
             }
         }
-        // qmllint enable unqualified
     }
 }

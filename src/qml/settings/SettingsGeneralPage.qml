@@ -9,8 +9,7 @@ SettingsPage {
     readonly property var scales: [0.9, 1.0, 1.2, 1.35, 1.5]
     readonly property var languageCodes: ["en", "zh-CN", "ja", "vi"]
 
-    signal languagesRequested(Item anchor)
-    signal resetRequested()
+    required property SettingsWindow panel
 
     title: qsTranslate("SettingsWindow", "General")
     subtitle: qsTranslate("SettingsWindow", "App-wide behaviour and startup options.")
@@ -98,7 +97,7 @@ SettingsPage {
 
                     objectName: "moreLanguages"
                     text: "⋮"
-                    onClicked: root.languagesRequested(moreLanguages)
+                    onClicked: root.panel.languagesRequested(moreLanguages)
                 }
             }
         }
@@ -152,7 +151,7 @@ SettingsPage {
             objectName: "resetAllSettings"
             text: qsTranslate("SettingsWindow", "Reset all settings")
             textColor: "#E05D5D"
-            onClicked: root.resetRequested()
+            onClicked: root.panel.resetConfirmVisible = true
         }
     }
 }

@@ -7,7 +7,7 @@ import "SettingsLogic.js" as SettingsLogic
 SettingsPage {
     id: root
 
-    signal editRequested(string action, string label)
+    required property SettingsWindow panel
 
     title: qsTranslate("SettingsWindow", "Hotkeys")
     subtitle: qsTranslate("SettingsWindow", "Customize keyboard shortcuts. Glimmora detects conflicts with running apps.")
@@ -46,7 +46,7 @@ SettingsPage {
                     HotkeyControls {
                         action: row.action
                         readSequence: sequence => AppTheme.isLinux ? SettingsLogic.linuxText(sequence) : sequence
-                        onEditRequested: root.editRequested(row.action, row.label)
+                        onEditRequested: root.panel.editHotkey(row.action, row.label)
                     }
                 }
                 Rectangle {

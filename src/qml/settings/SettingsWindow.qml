@@ -25,6 +25,9 @@ Rectangle {
         { id: "portal", label: qsTranslate("SettingsWindow", "Portal access"), icon: "settings", linuxOnly: true }
     ]
 
+    // The general page's "⋮" asks for the full list of languages.
+    signal languagesRequested(Item anchor)
+
     function pageIndexForId(pageId: string): int {
         return SettingsLogic.pageIndex(root.pages, pageId);
     }

@@ -33,44 +33,60 @@ Item {
         anchors.top: titleBar.bottom
         anchors.bottom: parent.bottom
 
-        SettingsGeneralPage {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentPage === 0
-            onLanguagesRequested: anchor => languagePopup.openAt(anchor)
-            onResetRequested: root.panel.resetConfirmVisible = true
+            shown: root.panel.currentPage === 0
+            page: "SettingsGeneralPage.qml"
+            properties: ({ "panel": root.panel })
         }
-        SettingsSpotlightPage {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentPage === 1
+            shown: root.panel.currentPage === 1
+            page: "SettingsSpotlightPage.qml"
         }
-        SettingsDrawingPage {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentPage === 2
+            shown: root.panel.currentPage === 2
+            page: "SettingsDrawingPage.qml"
         }
-        SettingsEffectsPage {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentPage === 3
+            shown: root.panel.currentPage === 3
+            page: "SettingsEffectsPage.qml"
         }
-        SettingsKeystrokesPage {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentPage === 4
+            shown: root.panel.currentPage === 4
+            page: "SettingsKeystrokesPage.qml"
         }
-        SettingsCapturePage {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentPage === 5
+            shown: root.panel.currentPage === 5
+            page: "SettingsCapturePage.qml"
         }
-        SettingsHotkeysPage {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentPage === 6
-            onEditRequested: (action, label) => root.panel.editHotkey(action, label)
+            shown: root.panel.currentPage === 6
+            page: "SettingsHotkeysPage.qml"
+            properties: ({ "panel": root.panel })
         }
-        SettingsDisplaysPage {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentPage === 7
+            shown: root.panel.currentPage === 7
+            page: "SettingsDisplaysPage.qml"
         }
-        SettingsPortalPage {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentPage === 8
+            shown: root.panel.currentPage === 8
+            page: "SettingsPortalPage.qml"
+        }
+    }
+
+    Connections {
+        target: root.panel
+
+        function onLanguagesRequested(anchor: Item) {
+            languagePopup.openAt(anchor);
         }
     }
 

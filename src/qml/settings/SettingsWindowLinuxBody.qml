@@ -30,26 +30,31 @@ Item {
         anchors.bottom: parent.bottom
         width: parent.width
 
-        LinuxGeneralTab {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentTab === 0
+            shown: root.panel.currentTab === 0
+            page: "LinuxGeneralTab.qml"
         }
-        LinuxDrawingTab {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentTab === 1
+            shown: root.panel.currentTab === 1
+            page: "LinuxDrawingTab.qml"
         }
-        LinuxCaptureTab {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentTab === 2
+            shown: root.panel.currentTab === 2
+            page: "LinuxCaptureTab.qml"
         }
-        LinuxHotkeysTab {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentTab === 3
-            onEditRequested: (action, label) => root.panel.editHotkey(action, label)
+            shown: root.panel.currentTab === 3
+            page: "LinuxHotkeysTab.qml"
+            properties: ({ "panel": root.panel })
         }
-        LinuxSystemTab {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentTab === 4
+            shown: root.panel.currentTab === 4
+            page: "LinuxSystemTab.qml"
         }
     }
 

@@ -40,37 +40,45 @@ Item {
         anchors.topMargin: AppTheme.px(40)
         anchors.bottom: parent.bottom
 
-        MacGeneralPage {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentPage === 0
+            shown: root.panel.currentPage === 0
+            page: "MacGeneralPage.qml"
         }
-        MacSpotlightPage {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentPage === 1
+            shown: root.panel.currentPage === 1
+            page: "MacSpotlightPage.qml"
         }
-        MacDrawingPage {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentPage === 2
+            shown: root.panel.currentPage === 2
+            page: "MacDrawingPage.qml"
         }
-        MacEffectsPage {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentPage === 3
+            shown: root.panel.currentPage === 3
+            page: "MacEffectsPage.qml"
         }
-        MacKeystrokesPage {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentPage === 4
+            shown: root.panel.currentPage === 4
+            page: "MacKeystrokesPage.qml"
         }
-        MacPermissionsPage {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentPage === 5
+            shown: root.panel.currentPage === 5
+            page: "MacPermissionsPage.qml"
         }
-        MacHotkeysPage {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentPage === 6
+            shown: root.panel.currentPage === 6
+            page: "MacHotkeysPage.qml"
         }
-        MacDisplaysPage {
+        LazyPage {
             anchors.fill: parent
-            visible: root.panel.currentPage === 7
+            shown: root.panel.currentPage === 7
+            page: "MacDisplaysPage.qml"
         }
     }
 }

@@ -110,6 +110,7 @@ Rectangle {
 
     MouseArea {
         anchors.fill: parent
+        acceptedButtons: Qt.AllButtons
     }
 
     Column {

@@ -23,6 +23,7 @@ Item {
 
     MouseArea {
         anchors.fill: parent
+        acceptedButtons: Qt.AllButtons
         onPressed: root.open = false
     }
 
@@ -52,6 +53,7 @@ Item {
         // Presses on the panel stay here.
         MouseArea {
             anchors.fill: parent
+            acceptedButtons: Qt.AllButtons
         }
 
         Column {

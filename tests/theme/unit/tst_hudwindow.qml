@@ -172,9 +172,15 @@ TestCase {
     function test_settingsBackdrop() {
         const backdrop = findChild(hud.contentItem, "settingsBackdrop");
         verify(!backdrop.visible);
+        settingsManager.uiScale = 0.9;
         appController.settingsVisible = true;
         verify(backdrop.visible);
-        mouseClick(backdrop, 600, 400);
+        // The panel keeps the clicks over it; beside it they close the settings.
+        const panel = hud.activeSettingsPanel();
+        verify(panel.visible);
+        mouseClick(panel, panel.width / 2, AppTheme.px(20));
+        compare(appController.hideSettingsCalls, 0);
+        mouseClick(backdrop, 5, 5);
         compare(appController.hideSettingsCalls, 1);
         verify(!backdrop.visible);
     }
