@@ -16,6 +16,7 @@ Loader {
             root.setSource(root.page, root.properties);
     }
 
+    objectName: root.page
     visible: root.shown
     onShownChanged: root.build()
     Component.onCompleted: root.build()
