@@ -185,6 +185,26 @@ TestCase {
         verify(!backdrop.visible);
     }
 
+    function test_pauseMenuClosesOnAnyPressBesideIt_data() {
+        return [
+            { tag: "left button", button: Qt.LeftButton },
+            { tag: "right button", button: Qt.RightButton },
+        ];
+    }
+
+    function test_pauseMenuClosesOnAnyPressBesideIt(data) {
+        settingsManager.overlayControlsAlwaysVisible = true;
+        const toolbar = findChild(hud.contentItem, "toolbar");
+        const menu = findChild(toolbar, "pauseMenu");
+        menu.open = true;
+        tryCompare(menu, "visible", true);
+        // Its own margin keeps it open; the rest of the toolbar closes it.
+        mouseClick(menu, menu.width / 2, 2, data.button);
+        verify(menu.open);
+        mouseClick(toolbar, toolbar.width - 4, toolbar.height - 4, data.button);
+        verify(!menu.open);
+    }
+
     function test_captureToast_data() {
         return [
             { tag: "success names the file after the last slash", status: "Capture saved",
