@@ -125,14 +125,15 @@ SettingsManager::~SettingsManager() = default;
 
 void SettingsManager::load()
 {
-    if (m_settings.status() != QSettings::NoError) {
+    // A store not written yet reads as an error too; that is no damage.
+    if (m_settings.status() != QSettings::NoError && QFile::exists(m_settings.fileName())) {
         // The reader keeps every line it could parse, so each key below still
         // gets its stored value or its default. The file as it was is kept
         // beside the store, since the next write leaves the damaged lines out.
         const QString path = m_settings.fileName();
         const QString backup = path + u".bad"_s;
         QFile::remove(backup);
-        const bool kept = QFile::exists(path) && QFile::copy(path, backup);
+        const bool kept = QFile::copy(path, backup);
         qCWarning(lcSettings).noquote().nospace()
             << "SettingsManager: cannot read all of " << path << " (status " << m_settings.status()
             << "); keeping every value that could be read"

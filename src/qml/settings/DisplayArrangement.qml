@@ -29,10 +29,11 @@ Rectangle {
             readonly property bool control: box.modelData.id === displayManager.controlDisplayId
 
             objectName: "arrangement-" + box.index
-            x: box.place.x
-            y: box.place.y
-            width: box.place.width
-            height: box.place.height
+            // A pixel apart, so that neighbouring displays read as two.
+            x: box.place.x + 1
+            y: box.place.y + 1
+            width: box.place.width - 2
+            height: box.place.height - 2
             radius: AppTheme.px(4)
             color: box.modelData.enabled ? AppTheme.accent : Qt.rgba(AppTheme.winTrack.r, AppTheme.winTrack.g,
                                                                         AppTheme.winTrack.b, 0.35)

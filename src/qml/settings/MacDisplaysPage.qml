@@ -13,7 +13,7 @@ MacPage {
 
             required property var modelData
             required property int index
-            readonly property bool control: row.modelData.id === displayManager.controlDisplayId
+            readonly property bool holdsControls: row.modelData.id === displayManager.controlDisplayId
 
             first: row.index === 0
             label: row.modelData.displayName
@@ -26,7 +26,7 @@ MacPage {
 
                 Text {
                     anchors.verticalCenter: parent.verticalCenter
-                    text: row.control ? qsTr("Control") : qsTr("Use")
+                    text: row.holdsControls ? qsTr("Control") : qsTr("Use")
                     color: "#6E6E73"
                     font.family: AppTheme.fontFamily
                     font.pixelSize: AppTheme.fontSizeCaption

@@ -11,7 +11,16 @@ Rectangle {
     signal picked(int index)
 
     width: AppTheme.sidebarWidth
+    radius: AppTheme.px(18)
     color: "#ECECF0"
+
+    // Square on the side that meets the pages; round where the panel is.
+    Rectangle {
+        anchors.right: parent.right
+        width: parent.radius
+        height: parent.height
+        color: parent.color
+    }
 
     Column {
         x: AppTheme.px(10)

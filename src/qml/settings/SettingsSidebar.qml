@@ -47,15 +47,13 @@ Item {
                     radius: width / 2
                     color: AppTheme.accent
                 }
-                Image {
+                TintedIcon {
                     x: AppTheme.px(10)
                     anchors.verticalCenter: parent.verticalCenter
                     width: AppTheme.px(14)
                     height: AppTheme.px(14)
-                    sourceSize.width: width
-                    sourceSize.height: height
-                    source: "qrc:/qt/qml/GlimmoraApp/src/assets/icons/" + item.modelData.icon + ".svg"
-                    opacity: item.current ? 1 : 0.7
+                    name: item.modelData.icon
+                    color: item.current ? AppTheme.accent : AppTheme.winTextDim
                 }
                 Text {
                     x: AppTheme.px(32)

@@ -133,19 +133,19 @@ TestCase {
         const panel = openEditor("linux");
         const pill = findChild(panel, "conflict-pen");
         verify(pill.visible);
-        verify(!panelTest.registered("Alt+3"));
+        verify(!panelTest.registered("Alt+3")); // qmllint disable unqualified
         keyClick(data.key, data.modifiers);
         mouseClick(findChild(panel, "hotkeyEditorSave"));
         compare(panel.hotkeyCaptureAction, "");
         compare(settingsManager.hotkeyForAction("pen"), data.stored);
-        verify(panelTest.registered(data.stored));
+        verify(panelTest.registered(data.stored)); // qmllint disable unqualified
         verify(!pill.visible);
         compare(findChild(panel, "keys-pen").sequence, data.shown);
 
         scrollToEnd(findChild(panel, "LinuxHotkeysTab.qml").item);
         mouseClick(findChild(panel, "resetHotkeys"));
         compare(settingsManager.hotkeyForAction("pen"), "Alt+3");
-        verify(!panelTest.registered(data.stored));
+        verify(!panelTest.registered(data.stored)); // qmllint disable unqualified
         verify(pill.visible);
     }
 
