@@ -89,7 +89,7 @@ Item {
                 Text {
                     anchors.centerIn: parent
                     text: parent.modelData
-                    color: "#30FFFFFF"
+                    color: AppTheme.winIsDark ? "#30FFFFFF" : "#30000000"
                     font.pixelSize: AppTheme.fontSizeBody
                 }
             }
