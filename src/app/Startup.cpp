@@ -13,6 +13,7 @@
 #include "display/OverlayWindowManager.h"
 #include "drawing/DrawingModel.h"
 #include "hotkeys/HotkeyManager.h"
+#include "platform/DpiAwareness.h"
 #include "platform/WinAcrylic.h"
 #include "recording/RecordingManager.h"
 #include "settings/SettingsManager.h"
@@ -36,7 +37,7 @@ const QUrl mainDocument(QStringLiteral("qrc:/qt/qml/GlimmoraApp/Main.qml"));
 
 int runGlimmora(int argc, char *argv[])
 {
-    // Qt takes care of per-monitor scaling on Linux; nothing to ask for first.
+    declarePerMonitorDpiAwareness();
     QApplication app(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     QCoreApplication::setApplicationName(QStringLiteral("Glimmora"));
