@@ -165,7 +165,10 @@ Window {
     onHeightChanged: root.syncInteractiveRectsLater()
     onUiVisibleChanged: root.syncInteractiveRectsLater()
     onControlsChromeVisibleChanged: root.syncInteractiveRectsLater()
-    Component.onCompleted: root.syncInteractiveRectsLater()
+    Component.onCompleted: {
+        root.centreSettingsPanel();
+        root.syncInteractiveRectsLater();
+    }
 
     Timer {
         id: controlsHideTimer
