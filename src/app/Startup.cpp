@@ -1,8 +1,10 @@
 #include "app/Startup.h"
 
 #include "app/AppController.h"
+#include "app/HotkeyWiring.h"
 #include "app/LanguageLoader.h"
 #include "app/LogFile.h"
+#include "app/RenderBackendManager.h"
 #include "app/SingleInstanceLock.h"
 #include "app/ThemeFonts.h"
 #include "app/TrayManager.h"
@@ -12,6 +14,8 @@
 #include "display/OverlayWindowManager.h"
 #include "drawing/DrawingModel.h"
 #include "hotkeys/HotkeyManager.h"
+#include "platform/DpiAwareness.h"
+#include "platform/WinAcrylic.h"
 #include "recording/RecordingManager.h"
 #include "settings/SettingsManager.h"
 
@@ -30,71 +34,11 @@ Q_LOGGING_CATEGORY(lcStartup, "glimmora.app")
 
 namespace {
 const QUrl mainDocument(QStringLiteral("qrc:/qt/qml/GlimmoraApp/Main.qml"));
-
-// The global hotkeys follow the settings and the overlay state, and their
-// commands end in the controller.
-void wireHotkeys(HotkeyManager &hotkeys, SettingsManager &settings, AppController &controller,
-                 DrawingModel &drawingModel)
-{
-    const auto syncFilter = [&] {
-        hotkeys.setKeystrokeFilter(settings.keystrokesEnabled(), settings.showModifierKeys(),
-                                   settings.showFunctionKeys(), settings.showNavigationKeys(),
-                                   settings.showAlphaNumericKeys());
-    };
-    const auto syncCommandKeys = [&] {
-        hotkeys.setCommandKeysActive(controller.overlayEnabled() && !controller.settingsVisible()
-                                     && !controller.modalActive());
-    };
-    const auto syncHotkeys = [&] {
-        hotkeys.setHotkeys(settings.hotkeyMap());
-    };
-    syncFilter();
-    syncCommandKeys();
-    syncHotkeys();
-    for (auto signal :
-         { &SettingsManager::keystrokesEnabledChanged, &SettingsManager::showModifierKeysChanged,
-           &SettingsManager::showFunctionKeysChanged, &SettingsManager::showNavigationKeysChanged,
-           &SettingsManager::showAlphaNumericKeysChanged })
-        QObject::connect(&settings, signal, &hotkeys, syncFilter);
-    QObject::connect(&controller, &AppController::overlayEnabledChanged, &hotkeys, syncCommandKeys);
-    QObject::connect(&controller, &AppController::settingsVisibleChanged, &hotkeys,
-                     syncCommandKeys);
-    // A dialog keeps its keys: Esc cancels it and nothing else.
-    QObject::connect(&controller, &AppController::modalActiveChanged, &hotkeys, syncCommandKeys);
-    QObject::connect(&settings, &SettingsManager::hotkeysChanged, &hotkeys, syncHotkeys);
-
-    QObject::connect(&hotkeys, &HotkeyManager::toggleOverlayRequested, &controller,
-                     &AppController::toggleOverlay);
-    QObject::connect(&hotkeys, &HotkeyManager::settingsRequested, &controller,
-                     &AppController::showSettings);
-    QObject::connect(&hotkeys, &HotkeyManager::toolRequested, &controller, &AppController::setTool);
-    QObject::connect(&hotkeys, &HotkeyManager::exitToCursorRequested, &controller,
-                     &AppController::exitToCursor);
-    QObject::connect(&hotkeys, &HotkeyManager::undoRequested, &drawingModel, [&] {
-        if (settings.undoRedoEnabled())
-            drawingModel.undoLastStroke();
-    });
-    QObject::connect(&hotkeys, &HotkeyManager::redoRequested, &drawingModel, [&] {
-        if (settings.undoRedoEnabled())
-            drawingModel.redoLastStroke();
-    });
-    QObject::connect(&hotkeys, &HotkeyManager::clearRequested, &controller,
-                     &AppController::clearDrawing);
-    QObject::connect(&hotkeys, &HotkeyManager::captureFullScreenRequested, &controller,
-                     &AppController::captureFullScreen);
-    QObject::connect(&hotkeys, &HotkeyManager::captureRegionRequested, &controller,
-                     &AppController::captureRegion);
-    QObject::connect(&hotkeys, &HotkeyManager::quitRequested, &controller,
-                     &AppController::requestQuit);
-    QObject::connect(&hotkeys, &HotkeyManager::keystrokeRequested, &controller,
-                     &AppController::reportKeystroke);
-}
-
 } // namespace
 
 int runGlimmora(int argc, char *argv[])
 {
-    // Qt takes care of per-monitor scaling on Linux; nothing to ask for first.
+    declarePerMonitorDpiAwareness();
     QApplication app(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     QCoreApplication::setApplicationName(QStringLiteral("Glimmora"));
@@ -122,6 +66,7 @@ int runGlimmora(int argc, char *argv[])
     DrawingModel drawingModel;
     CaptureManager captureManager(&settings);
     RecordingManager recordingManager(&settings);
+    RenderBackendManager renderBackendManager;
 
     drawingModel.setUndoRedoEnabled(settings.undoRedoEnabled());
     QObject::connect(&settings, &SettingsManager::undoRedoEnabledChanged, &drawingModel,
@@ -132,6 +77,7 @@ int runGlimmora(int argc, char *argv[])
     AppController appController(&settings, &overlayManager, &drawingModel, &captureManager,
                                 &displayManager, &recordingManager);
     trayManager.initialise(&appController, &settings, &displayManager);
+    WinAcrylic winAcrylic;
 
     HotkeyManager hotkeyManager;
     wireHotkeys(hotkeyManager, settings, appController, drawingModel);
@@ -148,10 +94,10 @@ int runGlimmora(int argc, char *argv[])
     context->setContextProperty(QStringLiteral("settingsManager"), &settings);
     context->setContextProperty(QStringLiteral("displayManager"), &displayManager);
     context->setContextProperty(QStringLiteral("drawingModel"), &drawingModel);
-    context->setContextProperty(QStringLiteral("renderBackendManager"), none);
+    context->setContextProperty(QStringLiteral("renderBackendManager"), &renderBackendManager);
     // Only a platform with a permission flow gives the documents an object.
     context->setContextProperty(QStringLiteral("macPermissions"), none);
-    context->setContextProperty(QStringLiteral("winAcrylic"), none);
+    context->setContextProperty(QStringLiteral("winAcrylic"), &winAcrylic);
     context->setContextProperty(QStringLiteral("hotkeyManager"), &hotkeyManager);
 
     QObject::connect(

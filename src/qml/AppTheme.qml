@@ -125,4 +125,10 @@ QtObject {
     readonly property color linuxText: root.linuxIsDark ? "#FFFFFF" : "#1A1A1A"
     readonly property color linuxTextDim: root.linuxIsDark ? "#8CFFFFFF" : "#8C000000"
     readonly property color linuxBorderSubtle: root.linuxIsDark ? "#0FFFFFFF" : "#0F000000"
+    // The Linux panel's control fills: black at 5, 10 and 15 % on the light
+    // theme, white on the dark one, where black would not show.
+    readonly property color linuxControlFill: root.linuxIsDark ? "#14FFFFFF" : "#0D000000"
+    readonly property color linuxControlLine: root.linuxIsDark ? "#1FFFFFFF" : "#1A000000"
+    readonly property color linuxSwitchOff: root.linuxIsDark ? "#40FFFFFF" : "#25000000"
+    readonly property color linuxTrack: root.linuxIsDark ? "#30FFFFFF" : "#1A000000"
 }

@@ -77,6 +77,12 @@ ApplicationWindow {
         return root.penPalette[(index + 1) % root.penPalette.length];
     }
 
+    // On Windows the window asks once for the system's dark title bar.
+    Component.onCompleted: {
+        if (AppTheme.isWindows && winAcrylic)
+            winAcrylic.applyDarkTitleBar(root);
+    }
+
     OverlayRoot {
         id: overlayRoot
     }

@@ -125,18 +125,19 @@ SettingsManager::~SettingsManager() = default;
 
 void SettingsManager::load()
 {
-    if (m_settings.status() != QSettings::NoError) {
-        // Keep the unreadable file beside the store so a later write loses nothing.
+    // A store not written yet reads as an error too; that is no damage.
+    if (m_settings.status() != QSettings::NoError && QFile::exists(m_settings.fileName())) {
+        // The reader keeps every line it could parse, so each key below still
+        // gets its stored value or its default. The file as it was is kept
+        // beside the store, since the next write leaves the damaged lines out.
         const QString path = m_settings.fileName();
         const QString backup = path + u".bad"_s;
         QFile::remove(backup);
-        const bool kept = QFile::exists(path) && QFile::copy(path, backup);
-        qCWarning(lcSettings).nospace()
-            << "SettingsManager: cannot read " << path << " (status " << m_settings.status()
-            << "), using the defaults" << (kept ? qPrintable(u"; kept a copy at "_s + backup) : "");
-        m_captureSaveFolder = defaultSaveFolder();
-        m_hotkeys = defaultHotkeys();
-        return;
+        const bool kept = QFile::copy(path, backup);
+        qCWarning(lcSettings).noquote().nospace()
+            << "SettingsManager: cannot read all of " << path << " (status " << m_settings.status()
+            << "); keeping every value that could be read"
+            << (kept ? u"; kept a copy at "_s + backup : QString());
     }
 
     m_spotlightRadius =
@@ -485,6 +486,24 @@ void SettingsManager::resetHotkeys()
     m_hotkeys = defaultHotkeys();
     ++m_hotkeysRevision;
     emit hotkeysChanged();
+}
+
+QVariantList SettingsManager::hotkeyActionList() const
+{
+    QVariantList list;
+    qsizetype regionRow = -1;
+    for (const HotkeyAction &row : hotkeyActions) {
+        const QString action = QLatin1String(row.id);
+        const QVariantMap entry { { u"action"_s, action },
+                                  { u"label"_s, QString::fromLatin1(row.label) } };
+        if (action == u"captureRegion")
+            regionRow = list.size();
+        if (action == u"captureFullScreen" && regionRow >= 0)
+            list.insert(regionRow, entry);
+        else
+            list.append(entry);
+    }
+    return list;
 }
 
 QVariantList SettingsManager::availableLanguages() const

@@ -190,6 +190,9 @@ public:
     Q_INVOKABLE QVariantMap hotkeyMap() const;
     Q_INVOKABLE void setHotkeyForAction(const QString &action, const QString &sequence);
     Q_INVOKABLE void resetHotkeys();
+    // Every action as a map of "action" and "label", in the order of the
+    // settings page, which lists captureFullScreen before captureRegion.
+    Q_INVOKABLE QVariantList hotkeyActionList() const;
 
     Q_INVOKABLE QVariantList availableLanguages() const;
 

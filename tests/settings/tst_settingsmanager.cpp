@@ -307,23 +307,26 @@ private slots:
         QVERIFY2(!m_store->contains(u"capture/saveFolder"_s), "the default must not be written");
     }
 
-    void corruptFileGivesDefaultsAndIsKept()
+    void damagedLineKeepsEveryOtherPreference()
     {
-        // An unterminated group header is a format error for the INI reader.
-        const QByteArray broken = "[spotlight\nradius=300\n[drawing]\nbrushSize=20\n";
-        QVERIFY(writeRaw(broken));
+        // An unterminated group header is a format error for the INI reader;
+        // the lines around it are still good.
+        const QByteArray damaged = "[%General]\nfirstRunDone=true\nuiScale=1.5\n[spotlight\n"
+                                   "radius=300\n[drawing]\nbrushSize=20\n";
+        QVERIFY(writeRaw(damaged));
 
         QTest::ignoreMessage(QtWarningMsg,
-                             QRegularExpression(u"^SettingsManager: cannot read .*"_s
-                                                + QRegularExpression::escape(m_store->filePath())));
+                             QRegularExpression(u"^SettingsManager: cannot read all of "_s
+                                                + QRegularExpression::escape(m_store->filePath())
+                                                + u" .*keeping every value"_s));
         auto manager = makeManager();
-        QCOMPARE(manager->spotlightRadius(), 120);
-        QCOMPARE(manager->brushSize(), 5);
-        QCOMPARE(manager->hotkeyMap().size(), 17);
+        QCOMPARE(manager->firstRunDone(), true);
+        QCOMPARE(manager->uiScale(), 1.5);
+        QCOMPARE(manager->brushSize(), 20);
 
         QFile backup(m_store->filePath() + u".bad"_s);
         QVERIFY(backup.open(QIODevice::ReadOnly));
-        QCOMPARE(backup.readAll(), broken);
+        QCOMPARE(backup.readAll(), damaged);
     }
 
     void garbageFileNeverCrashes()

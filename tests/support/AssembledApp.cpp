@@ -1,11 +1,13 @@
 #include "AssembledApp.h"
 
 #include "app/AppController.h"
+#include "app/HotkeyWiring.h"
 #include "app/LanguageLoader.h"
 #include "display/DisplayManager.h"
 #include "display/OverlayManager.h"
 #include "display/OverlayWindowManager.h"
 #include "drawing/DrawingModel.h"
+#include "hotkeys/HotkeyManager.h"
 #include "platform/LoginEntry.h"
 #include "settings/SettingsManager.h"
 
@@ -15,7 +17,7 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 
-AssembledApp::AssembledApp()
+AssembledApp::AssembledApp(bool globalHotkeys)
     : m_settings(std::make_unique<SettingsManager>(std::unique_ptr<LoginEntry>()))
     , m_displays(std::make_unique<DisplayManager>(m_settings.get()))
     , m_overlays(std::make_unique<OverlayManager>())
@@ -25,6 +27,11 @@ AssembledApp::AssembledApp()
         m_settings.get(), m_overlays.get(), m_drawing.get(), nullptr, m_displays.get(), nullptr);
     if (LanguageLoader::load(m_translator, m_settings->language()))
         QCoreApplication::installTranslator(&m_translator);
+    if (globalHotkeys) {
+        m_hotkeys = std::make_unique<HotkeyManager>();
+        wireHotkeys(*m_hotkeys, *m_settings, *m_controller, *m_drawing);
+        m_hotkeys->start();
+    }
     m_engine = std::make_unique<QQmlApplicationEngine>();
     QQmlContext *context = m_engine->rootContext();
     const QVariant none = QVariant::fromValue<QObject *>(nullptr);
@@ -32,8 +39,8 @@ AssembledApp::AssembledApp()
     context->setContextProperty(QStringLiteral("settingsManager"), m_settings.get());
     context->setContextProperty(QStringLiteral("displayManager"), m_displays.get());
     context->setContextProperty(QStringLiteral("drawingModel"), m_drawing.get());
-    for (const char *name :
-         { "renderBackendManager", "macPermissions", "winAcrylic", "hotkeyManager" })
+    context->setContextProperty(QStringLiteral("hotkeyManager"), m_hotkeys.get());
+    for (const char *name : { "renderBackendManager", "macPermissions", "winAcrylic" })
         context->setContextProperty(QString::fromLatin1(name), none);
     m_engine->load(QUrl(QStringLiteral("qrc:/qt/qml/GlimmoraApp/Main.qml")));
     QObject::connect(m_settings.get(), &SettingsManager::languageChanged, m_engine.get(), [this] {

@@ -8,6 +8,7 @@
 class AppController;
 class DisplayManager;
 class DrawingModel;
+class HotkeyManager;
 class OverlayManager;
 class OverlayWindowManager;
 class QQmlApplicationEngine;
@@ -21,7 +22,9 @@ class SettingsManager;
 class AssembledApp
 {
 public:
-    AssembledApp();
+    // With globalHotkeys the window system's hotkeys are taken and wired as at
+    // start-up, so that they act while another client has the focus.
+    explicit AssembledApp(bool globalHotkeys = false);
     ~AssembledApp();
     AssembledApp(const AssembledApp &) = delete;
     AssembledApp &operator=(const AssembledApp &) = delete;
@@ -33,6 +36,8 @@ public:
     DisplayManager &displays() const { return *m_displays; }
     DrawingModel &drawing() const { return *m_drawing; }
     AppController &controller() const { return *m_controller; }
+    // Null unless built with global hotkeys.
+    HotkeyManager *hotkeys() const { return m_hotkeys.get(); }
     OverlayWindowManager &windows() const { return *m_windows; }
     // The root document's window: the overlay of the control display.
     QQuickWindow *mainWindow() const { return m_main; }
@@ -47,6 +52,7 @@ private:
     std::unique_ptr<AppController> m_controller;
     // Follows the language setting, as at start-up.
     QTranslator m_translator;
+    std::unique_ptr<HotkeyManager> m_hotkeys;
     std::unique_ptr<QQmlApplicationEngine> m_engine;
     QQuickWindow *m_main = nullptr;
     std::unique_ptr<OverlayWindowManager> m_windows;

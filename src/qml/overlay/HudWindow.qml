@@ -22,6 +22,8 @@ Window {
     // The HUD is itself the native window, so its position is the global origin.
     readonly property real windowGlobalX: root.x
     readonly property real windowGlobalY: root.y
+    // The look of the settings panel is the platform's; a test may show another.
+    property string settingsLook: AppTheme.isMacOS ? "mac" : AppTheme.isLinux ? "linux" : "windows"
 
     function defaultToolbarX(): real {
         return Math.round((root.width - toolbar.width) / 2);
@@ -45,7 +47,22 @@ Window {
         toolbar.x = Qt.binding(root.defaultToolbarX);
         toolbar.y = Qt.binding(root.defaultToolbarY);
         root.clampToolbar();
+        if (appController.settingsVisible)
+            root.centreSettingsPanel();
         root.syncInteractiveRectsLater();
+    }
+
+    function activeSettingsPanel(): Item {
+        if (root.settingsLook === "mac")
+            return settingsMac;
+        return root.settingsLook === "linux" ? settingsLinux : settingsWindows;
+    }
+
+    // On whole pixels, so that the panel's text stays sharp.
+    function centreSettingsPanel() {
+        const panel = root.activeSettingsPanel();
+        panel.x = Math.round((root.width - panel.width) / 2);
+        panel.y = Math.round((root.height - panel.height) / 2);
     }
 
     function clamp(value: real, low: real, high: real): real {
@@ -148,7 +165,10 @@ Window {
     onHeightChanged: root.syncInteractiveRectsLater()
     onUiVisibleChanged: root.syncInteractiveRectsLater()
     onControlsChromeVisibleChanged: root.syncInteractiveRectsLater()
-    Component.onCompleted: root.syncInteractiveRectsLater()
+    Component.onCompleted: {
+        root.centreSettingsPanel();
+        root.syncInteractiveRectsLater();
+    }
 
     // X11 cannot keep a window out of a screen grab, so for a still capture
     // the whole HUD steps aside at once: key caps, toast, lens and cards too.
@@ -354,9 +374,7 @@ Window {
         y: root.height - AppTheme.px(64) - helpBtn.height
         visible: root.uiVisible
         isOpen: root.shortcutPinned
-        // The card stands on the button's place; the lit button would show
-        // through its translucent face.
-        opacity: root.controlsChromeVisible && !shortcutCard.visible ? 1 : 0
+        opacity: root.controlsChromeVisible ? 1 : 0
         transform: Translate {
             y: root.controlsChromeVisible ? 0 : helpBtn.height + AppTheme.px(76)
 
@@ -407,9 +425,38 @@ Window {
         }
     }
 
-    // Settings panel (z 100), centred: SettingsWindowLinux, SettingsWindowMac or
-    // SettingsWindow by AppTheme.isLinux / AppTheme.isMacOS, with
-    // activeSettingsPanel() giving the same choice.
+    // The panels: only the one of the current look shows. Each is centred when
+    // it appears and again when the interface size changes it.
+    SettingsWindow {
+        id: settingsWindows
+
+        objectName: "settingsWindow"
+        z: 100
+        visible: appController.settingsVisible && root.settingsLook === "windows"
+        onVisibleChanged: root.centreSettingsPanel()
+        onWidthChanged: root.centreSettingsPanel()
+    }
+
+    SettingsWindowLinux {
+        id: settingsLinux
+
+        objectName: "settingsWindowLinux"
+        z: 100
+        visible: appController.settingsVisible && root.settingsLook === "linux"
+        onVisibleChanged: root.centreSettingsPanel()
+        onWidthChanged: root.centreSettingsPanel()
+    }
+
+    SettingsWindowMac {
+        id: settingsMac
+
+        objectName: "settingsWindowMac"
+        z: 100
+        visible: appController.settingsVisible && root.settingsLook === "mac"
+        onVisibleChanged: root.centreSettingsPanel()
+        onWidthChanged: root.centreSettingsPanel()
+    }
+
     // MacPermissionFlow (z 97) on macOS only.
 
     // At a first start the card is visible from its creation and signals no

@@ -25,9 +25,11 @@ Item {
     visible: false
     z: 200
 
-    // Any press outside the panel closes the menu.
+    // Any press outside the panel closes the menu, with whichever button, so
+    // that a right press does not reach the layer below and open it again.
     MouseArea {
         anchors.fill: parent
+        acceptedButtons: Qt.AllButtons
         onPressed: root.close()
     }
 
@@ -56,6 +58,7 @@ Item {
         // Presses inside the panel but between rows stay here.
         MouseArea {
             anchors.fill: parent
+            acceptedButtons: Qt.AllButtons
         }
 
         Column {

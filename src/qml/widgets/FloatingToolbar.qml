@@ -174,8 +174,22 @@ Item {
         onDragFinished: function (committed) { root.dragFinished(committed); }
     }
 
+    // Under the open pause menu, above the rest of the toolbar: a press
+    // anywhere else on the toolbar closes it.
+    MouseArea {
+        objectName: "pauseMenuBackdrop"
+        z: 20
+        anchors.fill: parent
+        visible: pauseMenu.open
+        acceptedButtons: Qt.AllButtons
+        onPressed: pauseMenu.open = false
+    }
+
     PauseMenu {
         id: pauseMenu
+
+        objectName: "pauseMenu"
+        z: 21
         anchors.top: pill.bottom
         anchors.topMargin: AppTheme.px(8)
         anchors.left: pill.left

@@ -117,6 +117,7 @@ Rectangle {
 
     MouseArea {
         anchors.fill: parent
+        acceptedButtons: Qt.AllButtons
     }
 
     Column {

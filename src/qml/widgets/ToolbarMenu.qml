@@ -30,6 +30,7 @@ Item {
 
     MouseArea {
         anchors.fill: parent
+        acceptedButtons: Qt.AllButtons
         onPressed: root.open = false
     }
 
@@ -59,6 +60,7 @@ Item {
         // Presses on the panel stay here.
         MouseArea {
             anchors.fill: parent
+            acceptedButtons: Qt.AllButtons
         }
 
         Column {

@@ -90,6 +90,8 @@ TestCase {
         compare(face.opacity, 0);
         hud.revealControls();
         tryCompare(face, "opacity", 1, 2000);
+        // The help button shows with the chrome, card or no card.
+        tryCompare(findChild(hud.contentItem, "helpBtn"), "opacity", 1, 2000);
         tryVerify(() => appController.shortcutCardRect.width > 0, 1000);
     }
 

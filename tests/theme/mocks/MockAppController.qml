@@ -35,6 +35,7 @@ QtObject {
 
     signal mouseClicked(point pos, int buttons)
     signal quitRequested()
+    signal settingsPageRequested(string pageId)
 
     function cursorPos(): point {
         return root.cursor;

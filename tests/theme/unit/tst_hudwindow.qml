@@ -172,11 +172,37 @@ TestCase {
     function test_settingsBackdrop() {
         const backdrop = findChild(hud.contentItem, "settingsBackdrop");
         verify(!backdrop.visible);
+        settingsManager.uiScale = 0.9;
         appController.settingsVisible = true;
         verify(backdrop.visible);
-        mouseClick(backdrop, 600, 400);
+        // The panel keeps the clicks over it; beside it they close the settings.
+        const panel = hud.activeSettingsPanel();
+        verify(panel.visible);
+        mouseClick(panel, panel.width / 2, AppTheme.px(20));
+        compare(appController.hideSettingsCalls, 0);
+        mouseClick(backdrop, 5, 5);
         compare(appController.hideSettingsCalls, 1);
         verify(!backdrop.visible);
+    }
+
+    function test_pauseMenuClosesOnAnyPressBesideIt_data() {
+        return [
+            { tag: "left button", button: Qt.LeftButton },
+            { tag: "right button", button: Qt.RightButton },
+        ];
+    }
+
+    function test_pauseMenuClosesOnAnyPressBesideIt(data) {
+        settingsManager.overlayControlsAlwaysVisible = true;
+        const toolbar = findChild(hud.contentItem, "toolbar");
+        const menu = findChild(toolbar, "pauseMenu");
+        menu.open = true;
+        tryCompare(menu, "visible", true);
+        // Its own margin keeps it open; the rest of the toolbar closes it.
+        mouseClick(menu, menu.width / 2, 2, data.button);
+        verify(menu.open);
+        mouseClick(toolbar, toolbar.width - 4, toolbar.height - 4, data.button);
+        verify(!menu.open);
     }
 
     function test_captureToast_data() {

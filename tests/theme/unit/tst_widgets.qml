@@ -114,11 +114,19 @@ Item {
             compare(panel.y, data.flipY ? data.y - panel.height : data.y);
         }
 
-        function test_pressOutsideCloses() {
+        function test_pressOutsideCloses_data() {
+            return [
+                { tag: "left button", button: Qt.LeftButton },
+                { tag: "right button", button: Qt.RightButton },
+                { tag: "middle button", button: Qt.MiddleButton },
+            ];
+        }
+
+        function test_pressOutsideCloses(data) {
             menu.popup(40, 30);
-            mousePress(scene, 380, 280);
-            mouseRelease(scene, 380, 280);
+            mousePress(scene, 380, 280, data.button);
             verify(!menu.visible);
+            mouseRelease(scene, 380, 280, data.button);
         }
 
         function test_pressInsidePanelKeepsOpen() {
