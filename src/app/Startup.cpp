@@ -11,6 +11,7 @@
 #include "display/OverlayWindowManager.h"
 #include "drawing/DrawingModel.h"
 #include "hotkeys/HotkeyManager.h"
+#include "platform/TerminationWatcher.h"
 #include "recording/RecordingManager.h"
 #include "settings/SettingsManager.h"
 
@@ -102,6 +103,12 @@ int runGlimmora(int argc, char *argv[])
         return 0;
     }
 
+    // A logout, a service stop or a plain kill takes the same way out as the
+    // quit command, so that a recording under way is saved.
+    const std::unique_ptr<TerminationWatcher> termination = TerminationWatcher::create();
+    QObject::connect(termination.get(), &TerminationWatcher::terminationRequested, &app,
+                     &QCoreApplication::quit);
+
     QQuickStyle::setStyle(QStringLiteral("Fusion"));
     // The native QML types register at compile time through the module.
 
@@ -175,10 +182,8 @@ int runGlimmora(int argc, char *argv[])
                                         qobject_cast<QQuickWindow *>(engine.rootObjects().first()));
     QObject::connect(&app, &QCoreApplication::aboutToQuit, &overlayWindows, [&] {
         overlayWindows.hideAll();
-        // A recording running at quit is stopped, not abandoned.
-        const RecordingManager::State state = recordingManager.state();
-        if (state != RecordingManager::Idle && state != RecordingManager::Failed)
-            recordingManager.stop();
+        // A recording running at quit is stopped and saved, not abandoned.
+        recordingManager.stopForQuit();
     });
 
     qCDebug(lcStartup) << "Glimmora started.";

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QtGlobal>
+
+#include <functional>
 #include <memory>
 
 // Tells the pointer poll whether the pointer may have moved or a button
@@ -12,6 +15,14 @@ public:
 
     // True when input arrived since the last call, or when that cannot be known.
     virtual bool takeActivity() = 0;
+
+    // Calls `onInput` once, on the calling thread, as soon as input arrives,
+    // so that the poll may rest meanwhile. False when this source cannot.
+    virtual bool wakeOnInput(std::function<void()> onInput)
+    {
+        Q_UNUSED(onInput)
+        return false;
+    }
 
     static std::unique_ptr<PointerActivity> create();
 };

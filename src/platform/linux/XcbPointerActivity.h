@@ -3,6 +3,9 @@
 #include "platform/PointerActivity.h"
 
 #include <cstdint>
+#include <memory>
+
+class QSocketNotifier;
 
 typedef struct xcb_connection_t xcb_connection_t;
 
@@ -19,9 +22,13 @@ public:
     XcbPointerActivity &operator=(const XcbPointerActivity &) = delete;
 
     bool takeActivity() override;
+    bool wakeOnInput(std::function<void()> onInput) override;
 
 private:
     xcb_connection_t *m_connection = nullptr;
     // False when the server offers no raw events: then every call says "maybe".
     bool m_watching = false;
+    // Readable when events came in; on only while the poll rests.
+    std::unique_ptr<QSocketNotifier> m_wakeUp;
+    std::function<void()> m_onInput;
 };
