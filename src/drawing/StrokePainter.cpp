@@ -42,6 +42,26 @@ qreal StrokePainter::liveArrowHeadLength(qreal penWidth)
     return std::max(15.0, 4.0 * penWidth);
 }
 
+QRectF StrokePainter::reach(const Stroke &stroke) const
+{
+    if (stroke.points.isEmpty())
+        return {};
+    const qreal width = stroke.width < 1 ? m_defaultWidth : stroke.width;
+    // A highlighter's miter join reaches its whole width from the line, an
+    // arrow's wings their head length from the tip; smoothing never leaves
+    // the points' hull. One more pixel for antialiasing.
+    const qreal margin = std::max({ width, qreal(highlighterWidth(int(width))),
+                                    liveArrowHeadLength(width), kExportArrowHeadLength + width })
+        + 1.0;
+    QPointF low = stroke.points.first();
+    QPointF high = low;
+    for (const QPointF &point : stroke.points) {
+        low = QPointF(std::min(low.x(), point.x()), std::min(low.y(), point.y()));
+        high = QPointF(std::max(high.x(), point.x()), std::max(high.y(), point.y()));
+    }
+    return QRectF(low, high).adjusted(-margin, -margin, margin, margin);
+}
+
 void StrokePainter::paint(QPainter *painter, const Stroke &stroke) const
 {
     if (stroke.points.size() < 2)

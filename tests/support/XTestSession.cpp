@@ -136,6 +136,22 @@ uint32_t XTestSession::rootPixel(QPoint global)
     return uint32_t(bytes[2]) << 16 | uint32_t(bytes[1]) << 8 | bytes[0];
 }
 
+QImage XTestSession::rootImage(const QRect &area)
+{
+    const auto reply = wrap(xcb_get_image_reply(
+        m_connection,
+        xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, m_root, int16_t(area.x()),
+                      int16_t(area.y()), uint16_t(area.width()), uint16_t(area.height()), ~0u),
+        nullptr));
+    const qsizetype bytes = qsizetype(area.width()) * area.height() * 4;
+    if (!reply || xcb_get_image_data_length(reply.get()) < bytes)
+        return {};
+    // Blue, green, red, pad: the layout of QImage::Format_RGB32 on this machine.
+    const QImage view(xcb_get_image_data(reply.get()), area.width(), area.height(),
+                      QImage::Format_RGB32);
+    return view.copy();
+}
+
 int XTestSession::inputRectangleCount(uint32_t window)
 {
     auto reply = wrap(xcb_shape_get_rectangles_reply(

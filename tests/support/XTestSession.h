@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QList>
 #include <QPoint>
 #include <QRect>
@@ -36,6 +37,8 @@ public:
 
     // The composited colour at a global point as 0xRRGGBB.
     uint32_t rootPixel(QPoint global);
+    // The composited picture of a global area, opaque; null if it could not be read.
+    QImage rootImage(const QRect &area);
 
     // Rectangles of the window's input region: none when it lets the mouse through.
     int inputRectangleCount(uint32_t window);
