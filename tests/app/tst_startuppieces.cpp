@@ -1,12 +1,14 @@
 #include "app/LanguageLoader.h"
 #include "app/LogFile.h"
 #include "app/SingleInstanceLock.h"
+#include "platform/TerminationWatcher.h"
 #include "platform/linux/LinuxSessionCapabilities.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
@@ -153,6 +155,32 @@ private slots:
         QTranslator translator;
         QCOMPARE(LanguageLoader::load(translator, language), loaded);
         QVERIFY(translator.isEmpty());
+    }
+
+    void terminationSignalReachesTheEventLoopOnce_data()
+    {
+        QTest::addColumn<int>("number");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("logout, service stop, kill") << int(SIGTERM) << "SIGTERM";
+        QTest::newRow("Ctrl+C in a terminal") << int(SIGINT) << "SIGINT";
+        QTest::newRow("the terminal closed") << int(SIGHUP) << "SIGHUP";
+    }
+
+    void terminationSignalReachesTheEventLoopOnce()
+    {
+        QFETCH(int, number);
+        const std::unique_ptr<TerminationWatcher> watcher = TerminationWatcher::create();
+        QSignalSpy requested(watcher.get(), &TerminationWatcher::terminationRequested);
+        ::raise(number);
+        // Nothing happens inside the handler: the request comes from the loop.
+        QCOMPARE(requested.count(), 0);
+        QVERIFY(requested.wait(5000));
+        QCOMPARE(requested.count(), 1);
+        QTEST(requested.first().first().toString(), "name");
+        // A second one would now end the process at once.
+        struct sigaction action = {};
+        QCOMPARE(sigaction(number, nullptr, &action), 0);
+        QVERIFY(action.sa_handler == SIG_DFL);
     }
 
     void sessionAnswers_data()

@@ -58,6 +58,15 @@ T settled(Probe probe, int timeoutMs)
     return {};
 }
 
+// The controls window lets the mouse through until the pointer poll has seen
+// the pointer over a control; a press before that would miss it.
+void clickControl(XTestSession &user, QPoint point)
+{
+    user.moveTo(point);
+    QThread::msleep(300);
+    user.click(point);
+}
+
 } // namespace
 
 namespace ToolbarClicks {
@@ -76,25 +85,30 @@ bool startDisplayRecording(XTestSession &user, const QRect &screen)
         return false;
     const double scale = pill.height() / 42.0; // the pill is 42 high at scale 1
     // The record slot is the last control, 44 wide, inside a padding of 6.
-    user.click(QPoint(pill.right() - int(28 * scale), pill.center().y()));
+    const QPoint slot(pill.right() - int(28 * scale), pill.center().y());
+    clickControl(user, slot);
 
     // The menu hangs below the pill's right end; "Record display" is its last
     // row, 36 high above a margin of 6.
     const int column = pill.right() - int(20 * scale);
     const QRect below(column, pill.bottom() + 2, 1, int(300 * scale));
-    const QPoint bottom = settled<QPoint>(
-        [&] {
-            const QImage strip = user.rootImage(below);
-            for (int y = strip.height() - 1; y >= 0; --y) {
-                if (dark(strip.pixel(0, y)))
-                    return QPoint(column, below.top() + y);
-            }
-            return QPoint();
-        },
-        5000);
+    const auto menuBottom = [&] {
+        const QImage strip = user.rootImage(below);
+        for (int y = strip.height() - 1; y >= 0; --y) {
+            if (dark(strip.pixel(0, y)))
+                return QPoint(column, below.top() + y);
+        }
+        return QPoint();
+    };
+    QPoint bottom = settled<QPoint>(menuBottom, 3000);
+    if (bottom.isNull()) {
+        // A click the controls window let through: once more.
+        clickControl(user, slot);
+        bottom = settled<QPoint>(menuBottom, 3000);
+    }
     if (bottom.isNull())
         return false;
-    user.click(QPoint(pill.right() - int(110 * scale), bottom.y() - int(24 * scale)));
+    clickControl(user, QPoint(pill.right() - int(110 * scale), bottom.y() - int(24 * scale)));
     return true;
 }
 
@@ -112,7 +126,7 @@ bool stopRecording(XTestSession &user, const QRect &screen)
         const QRgb pixel = pixels.pixel(x, 0);
         if (qAbs(qRed(pixel) - 0xC0) < 16 && qAbs(qGreen(pixel) - 0x40) < 16
             && qAbs(qBlue(pixel) - 0x40) < 16) {
-            user.click(QPoint(row.left() + x - int(5 * scale), row.top()));
+            clickControl(user, QPoint(row.left() + x - int(5 * scale), row.top()));
             return true;
         }
     }
