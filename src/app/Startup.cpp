@@ -3,6 +3,7 @@
 #include "app/AppController.h"
 #include "app/LanguageLoader.h"
 #include "app/LogFile.h"
+#include "app/RenderingFootprint.h"
 #include "app/SingleInstanceLock.h"
 #include "app/ThemeFonts.h"
 #include "capture/CaptureManager.h"
@@ -21,7 +22,6 @@
 #include <QQmlContext>
 #include <QQuickStyle>
 #include <QQuickWindow>
-#include <QSurfaceFormat>
 #include <QTranslator>
 #include <QtQml/qqmlextensionplugin.h>
 
@@ -86,31 +86,11 @@ void wireHotkeys(HotkeyManager &hotkeys, SettingsManager &settings, AppControlle
                      &AppController::reportKeystroke);
 }
 
-// The overlay windows cover whole displays, mostly with nothing. On a
-// software renderer every buffer of such a window costs a display's worth of
-// memory, so the windows get none that their flat 2D scene does not use: no
-// depth buffer (the scene is drawn back to front instead), no stencil (no
-// clip is rotated), and a small texture atlas for the few icons and glyphs
-// each window holds. Settings the user made in the environment stand.
-void trimRenderingBuffers()
-{
-    QSurfaceFormat format = QSurfaceFormat::defaultFormat();
-    format.setDepthBufferSize(0);
-    format.setStencilBufferSize(0);
-    QSurfaceFormat::setDefaultFormat(format);
-    if (!qEnvironmentVariableIsSet("QSG_NO_DEPTH_BUFFER"))
-        qputenv("QSG_NO_DEPTH_BUFFER", "1");
-    for (const char *atlasSide : { "QSG_ATLAS_WIDTH", "QSG_ATLAS_HEIGHT" }) {
-        if (!qEnvironmentVariableIsSet(atlasSide))
-            qputenv(atlasSide, "512");
-    }
-}
-
 } // namespace
 
 int runGlimmora(int argc, char *argv[])
 {
-    trimRenderingBuffers();
+    RenderingFootprint::trim();
     // Qt takes care of per-monitor scaling on Linux; nothing to ask for first.
     QApplication app(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
