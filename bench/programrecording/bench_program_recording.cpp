@@ -93,7 +93,8 @@ struct Frames
 };
 
 // Frames in the file, and the frame numbers missing between its first and
-// its last frame at 30 fps, from the packets' presentation times.
+// its last frame at 30 fps, from the packets' presentation times (the
+// program stamps each frame with its time, so a lost one leaves a gap).
 Frames probe(const QString &path)
 {
     QProcess ffprobe;
@@ -213,12 +214,14 @@ Run recordWithFfmpeg(int seconds)
     const QByteArray input = qgetenv("DISPLAY") + "+0,0";
     const QByteArray duration = QByteArray::number(seconds);
     const QByteArray out = dir.filePath(QStringLiteral("ffmpeg.mp4")).toLocal8Bit();
+    const QString progressPath = dir.filePath(QStringLiteral("progress"));
+    const QByteArray progress = progressPath.toLocal8Bit();
     const pid_t pid = fork();
     if (pid == 0) {
-        execlp("ffmpeg", "ffmpeg", "-hide_banner", "-loglevel", "error", "-y", "-f", "x11grab",
-               "-framerate", "30", "-video_size", "1920x1080", "-i", input.constData(), "-t",
-               duration.constData(), "-c:v", "libx264", "-preset", "ultrafast", out.constData(),
-               static_cast<char *>(nullptr));
+        execlp("ffmpeg", "ffmpeg", "-hide_banner", "-loglevel", "error", "-y", "-progress",
+               progress.constData(), "-f", "x11grab", "-framerate", "30", "-video_size",
+               "1920x1080", "-i", input.constData(), "-t", duration.constData(), "-c:v", "libx264",
+               "-preset", "ultrafast", out.constData(), static_cast<char *>(nullptr));
         _exit(127);
     }
     int status = 0;
@@ -233,6 +236,20 @@ Run recordWithFfmpeg(int seconds)
         + (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
     run.frames = probe(QString::fromLocal8Bit(out));
     run.ok = run.frames.written > 0;
+    // ffmpeg holds its constant rate by repeating or dropping pictures, which
+    // leaves no gap in its file: what it lost is in its last progress report.
+    QFile report(progressPath);
+    if (report.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        int duplicated = 0;
+        int dropped = 0;
+        for (const QByteArray &line : report.readAll().split('\n')) {
+            if (line.startsWith("dup_frames="))
+                duplicated = line.mid(11).toInt();
+            else if (line.startsWith("drop_frames="))
+                dropped = line.mid(12).toInt();
+        }
+        run.frames.lost = duplicated + dropped;
+    }
     return run;
 }
 
