@@ -11,7 +11,7 @@
 class LayerTiles
 {
 public:
-    static constexpr int tileSize = 64;
+    static constexpr int tileSize = 32;
 
     // All tiles empty.
     void reset(QSize pixels);

@@ -47,12 +47,18 @@ QRectF StrokePainter::reach(const Stroke &stroke) const
     if (stroke.points.isEmpty())
         return {};
     const qreal width = stroke.width < 1 ? m_defaultWidth : stroke.width;
-    // A highlighter's miter join reaches its whole width from the line, an
-    // arrow's wings their head length from the tip; smoothing never leaves
-    // the points' hull. One more pixel for antialiasing.
-    const qreal margin = std::max({ width, qreal(highlighterWidth(int(width))),
-                                    liveArrowHeadLength(width), kExportArrowHeadLength + width })
-        + 1.0;
+    // Round caps and joins reach half the pen from the line; a highlighter's
+    // miter join its whole width; an arrow's wings their head length from the
+    // tip. Smoothing never leaves the points' hull. One more pixel for
+    // antialiasing.
+    qreal margin = width / 2;
+    if (stroke.tool == QLatin1String("highlighter"))
+        margin = highlighterWidth(int(width));
+    else if (stroke.tool == QLatin1String("arrow"))
+        margin = std::max(margin,
+                          m_variant == Variant::Live ? liveArrowHeadLength(width)
+                                                     : kExportArrowHeadLength + width);
+    margin += 1.0;
     QPointF low = stroke.points.first();
     QPointF high = low;
     for (const QPointF &point : stroke.points) {

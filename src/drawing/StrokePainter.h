@@ -23,7 +23,7 @@ public:
     void paint(QPainter *painter, const Stroke &stroke) const;
 
     // Holds every pixel paint() may touch for the stroke: its points' bounds
-    // grown by the widest pen, cap, join or arrow head it can use.
+    // grown by what its tool's pen, caps, joins or arrow head add.
     QRectF reach(const Stroke &stroke) const;
 
     int highlighterWidth(int strokeWidth) const;
