@@ -6,6 +6,7 @@
 #include "AssembledApp.h"
 #include "XTestSession.h"
 #include "app/AppController.h"
+#include "app/RenderingFootprint.h"
 #include "display/DisplayManager.h"
 #include "drawing/DrawingModel.h"
 #include "settings/SettingsManager.h"
@@ -24,6 +25,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <sys/resource.h>
 #include <thread>
 
@@ -92,6 +94,8 @@ int main(int argc, char *argv[])
     QTemporaryDir home;
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.filePath(QStringLiteral("config"))));
     qputenv("XDG_DATA_HOME", QFile::encodeName(home.filePath(QStringLiteral("data"))));
+    // The windows as the program makes them.
+    RenderingFootprint::trim();
     QApplication application(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("Orvelline"));
     QCoreApplication::setApplicationName(QStringLiteral("Glimmora"));
@@ -159,7 +163,17 @@ int main(int argc, char *argv[])
     print("spotlight, pointer still", still, reference);
     print("spotlight moving over a drawing", overDrawing, reference);
     print("magnifier, pointer moving", magnifier, reference);
-    std::printf("targets: 60 fps while moving (%s), under 2%% of a core at rest (%s)\n",
-                moving.fps >= 59 ? "held" : "missed", still.cpuPercent < 2 ? "held" : "missed");
+    const auto verdict = [](bool met) {
+        return met ? "met" : "missed";
+    };
+    std::printf("target: spotlight moving at 60 fps: %s\n", verdict(moving.fps >= 59));
+    std::printf("target: spotlight still under 2%% of a core: %s\n", verdict(still.cpuPercent < 2));
+    std::printf("target: spotlight moving over a drawing at 60 fps and <= 35%% of a core: %s\n",
+                verdict(overDrawing.fps >= 59 && overDrawing.cpuPercent <= 35));
+    std::printf("target: magnifier moving at 60 fps and <= 30%% of a core: %s\n",
+                verdict(magnifier.fps >= 59 && magnifier.cpuPercent <= 30));
+    double load[1] = { 0 };
+    if (getloadavg(load, 1) > 0)
+        std::printf("load average: %.2f\n", load[0]);
     return 0;
 }

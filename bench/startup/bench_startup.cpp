@@ -7,6 +7,7 @@
 #include <QThread>
 
 #include <algorithm>
+#include <cstdlib>
 
 // Time from process start to "Glimmora started." in the log (logged as the
 // event loop begins), and resident memory once started, each beside a minimal
@@ -135,6 +136,13 @@ private slots:
               median(refShownMs));
         qInfo("  resident memory glimmora %8.1f MB   minimal window %8.1f MB   ratio %.2f", aMb,
               rMb, aMb / rMb);
+        qInfo("  target: time to start <= 1.5x the minimal window: %s",
+              aMs / rMs <= 1.5 ? "met" : "missed");
+        qInfo("  target: resident memory <= 1.5x the minimal window: %s",
+              aMb / rMb <= 1.5 ? "met" : "missed");
+        double load[1] = { 0 };
+        if (getloadavg(load, 1) > 0)
+            qInfo("  load average: %.2f", load[0]);
     }
 };
 

@@ -5,7 +5,6 @@
 #include "display/OverlayManager.h"
 #include "drawing/DrawingModel.h"
 #include "drawing/RenderStrokesToImage.h"
-#include "platform/FolderRevealer.h"
 #include "platform/SessionCapabilities.h"
 #include "recording/RecordingManager.h"
 #include "settings/SettingsManager.h"
@@ -30,6 +29,9 @@ constexpr int pollIntervalMs = 16;
 // While no input arrives the poll still reads the pointer this often, for a
 // pointer that something other than a device moved.
 constexpr int quietTicksPerRead = 16;
+// After that many quiet ticks the poll rests: it is woken by the next input
+// and otherwise only reads the pointer at this interval.
+constexpr int restIntervalMs = quietTicksPerRead * pollIntervalMs;
 // Long enough for the HUD to vanish from the screen before it is grabbed.
 constexpr int captureDelayMs = 120;
 const QString hudKey = QStringLiteral("hud");
@@ -44,7 +46,8 @@ AppController::AppController(SettingsManager *settings, OverlayManager *overlayM
                              DrawingModel *drawingModel, CaptureManager *captureManager,
                              DisplayManager *displayManager, RecordingManager *recordingManager,
                              std::unique_ptr<PointerButtons> pointerButtons,
-                             std::unique_ptr<PointerActivity> pointerActivity, QObject *parent)
+                             std::unique_ptr<PointerActivity> pointerActivity,
+                             std::unique_ptr<FolderRevealer> folderRevealer, QObject *parent)
     : QObject(parent)
     , m_settings(settings)
     , m_overlayManager(overlayManager)
@@ -55,7 +58,7 @@ AppController::AppController(SettingsManager *settings, OverlayManager *overlayM
     , m_pointerButtons(std::move(pointerButtons))
     , m_pointerActivity(std::move(pointerActivity))
     , m_session(SessionCapabilities::create())
-    , m_folderRevealer(FolderRevealer::create())
+    , m_folderRevealer(std::move(folderRevealer))
 {
     if (m_displayManager) {
         connect(m_displayManager, &DisplayManager::controlDisplayIdChanged, this,
@@ -494,8 +497,11 @@ int AppController::recordingElapsed() const
 
 void AppController::onRecordingFinished(bool success, const QString &path)
 {
-    if (success && !path.isEmpty())
-        emit recordingSaved(path);
+    // A failed recording has nothing to show: its state says so, and the
+    // overlay stays as it is.
+    if (!success || path.isEmpty())
+        return;
+    emit recordingSaved(path);
     if (m_settings && m_settings->recordOpenFolderAfterStop()) {
         setOverlayEnabled(false);
         revealInFolder(path);
@@ -506,7 +512,8 @@ void AppController::onRecordingFinished(bool success, const QString &path)
 
 void AppController::revealInFolder(const QString &path)
 {
-    m_folderRevealer->reveal(path);
+    if (m_folderRevealer)
+        m_folderRevealer->reveal(path);
 }
 
 void AppController::chooseSaveFolder()
@@ -563,8 +570,18 @@ void AppController::pollPointer()
     // in motion is followed on every tick, as a display may change under it.
     const bool input = !m_pointerActivity || m_pointerActivity->takeActivity();
     const bool toolbarInMotion = m_toolbarDragging || m_toolbarMoving;
-    if (!input && !toolbarInMotion && ++m_quietTicks < quietTicksPerRead)
-        return;
+    if (input || toolbarInMotion) {
+        setPollResting(false);
+    } else {
+        if (!m_pollResting && ++m_quietTicks < quietTicksPerRead)
+            return;
+        // A hand at rest: the next input wakes the poll, which meanwhile
+        // only reads the pointer now and then.
+        setPollResting(m_pointerActivity->wakeOnInput([this] {
+            setPollResting(false);
+            pollPointer();
+        }));
+    }
     m_quietTicks = 0;
 
     const QPointF p = cursorPos();
@@ -598,6 +615,14 @@ void AppController::pollPointer()
 
     if (m_toolbarDragging || m_toolbarMoving)
         updateToolbarDragTarget(p);
+}
+
+void AppController::setPollResting(bool resting)
+{
+    if (resting == m_pollResting)
+        return;
+    m_pollResting = resting;
+    m_pollTimer->setInterval(resting ? restIntervalMs : pollIntervalMs);
 }
 
 ClickThroughState AppController::clickThroughState() const

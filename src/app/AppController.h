@@ -1,6 +1,7 @@
 #pragma once
 
 #include "display/ClickThroughPolicy.h"
+#include "platform/FolderRevealer.h"
 #include "platform/PointerActivity.h"
 #include "platform/PointerButtons.h"
 
@@ -15,7 +16,6 @@
 class CaptureManager;
 class DisplayManager;
 class DrawingModel;
-class FolderRevealer;
 class OverlayManager;
 class QImage;
 class QScreen;
@@ -97,6 +97,7 @@ public:
         RecordingManager *recordingManager,
         std::unique_ptr<PointerButtons> pointerButtons = PointerButtons::create(),
         std::unique_ptr<PointerActivity> pointerActivity = PointerActivity::create(),
+        std::unique_ptr<FolderRevealer> folderRevealer = FolderRevealer::create(),
         QObject *parent = nullptr);
     ~AppController() override;
 
@@ -251,6 +252,7 @@ private:
     void applyToolbarVisibilityForTool();
     void setRect(QRectF &field, const QRectF &rect, void (AppController::*notify)());
     void setMousePosition(const QPointF &p);
+    void setPollResting(bool resting);
     void setRegionSelecting(bool selecting);
     void setCaptureInProgress(bool inProgress);
     void finishCapture(bool success, const QString &path, const QString &error);
@@ -292,6 +294,7 @@ private:
     QPointF m_mousePosition;
     int m_previousButtons = 0;
     int m_quietTicks = 0;
+    bool m_pollResting = false;
     bool m_lastHudInteractive = false;
     QString m_captureStatus;
     QString m_captureLastPath;

@@ -5,6 +5,7 @@
 #include "app/LanguageLoader.h"
 #include "app/LogFile.h"
 #include "app/RenderBackendManager.h"
+#include "app/RenderingFootprint.h"
 #include "app/SingleInstanceLock.h"
 #include "app/ThemeFonts.h"
 #include "app/TrayManager.h"
@@ -15,6 +16,7 @@
 #include "drawing/DrawingModel.h"
 #include "hotkeys/HotkeyManager.h"
 #include "platform/DpiAwareness.h"
+#include "platform/TerminationWatcher.h"
 #include "platform/WinAcrylic.h"
 #include "recording/RecordingManager.h"
 #include "settings/SettingsManager.h"
@@ -38,6 +40,7 @@ const QUrl mainDocument(QStringLiteral("qrc:/qt/qml/GlimmoraApp/Main.qml"));
 
 int runGlimmora(int argc, char *argv[])
 {
+    RenderingFootprint::trim();
     declarePerMonitorDpiAwareness();
     QApplication app(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
@@ -51,6 +54,12 @@ int runGlimmora(int argc, char *argv[])
         qCWarning(lcStartup) << "Another instance of Glimmora is already running.";
         return 0;
     }
+
+    // A logout, a service stop or a plain kill takes the same way out as the
+    // quit command, so that a recording under way is saved.
+    const std::unique_ptr<TerminationWatcher> termination = TerminationWatcher::create();
+    QObject::connect(termination.get(), &TerminationWatcher::terminationRequested, &app,
+                     &QCoreApplication::quit);
 
     QQuickStyle::setStyle(QStringLiteral("Fusion"));
     // The native QML types register at compile time through the module.
@@ -133,10 +142,8 @@ int runGlimmora(int argc, char *argv[])
                      [&] { appController.setSessionLocked(overlayWindows.sessionLocked()); });
     QObject::connect(&app, &QCoreApplication::aboutToQuit, &overlayWindows, [&] {
         overlayWindows.hideAll();
-        // A recording running at quit is stopped, not abandoned.
-        const RecordingManager::State state = recordingManager.state();
-        if (state != RecordingManager::Idle && state != RecordingManager::Failed)
-            recordingManager.stop();
+        // A recording running at quit is stopped and saved, not abandoned.
+        recordingManager.stopForQuit();
     });
 
     qCDebug(lcStartup) << "Glimmora started.";

@@ -3,20 +3,71 @@
 #include "drawing/StrokePainter.h"
 
 #include <QPainter>
+#include <QQuickWindow>
+#include <QSGGeometryNode>
+#include <QSGTexture>
+#include <QSGTextureMaterial>
 #include <QtMath>
 
 #include <algorithm>
+#include <memory>
+
+namespace {
+
+// The layer's texture with the geometry of its drawn tiles.
+class LayerNode : public QSGGeometryNode
+{
+public:
+    LayerNode()
+        : m_geometry(QSGGeometry::defaultAttributes_TexturedPoint2D(), 0)
+    {
+        m_geometry.setDrawingMode(QSGGeometry::DrawTriangles);
+        setGeometry(&m_geometry);
+        // The texture lands pixel for pixel, so nearest sampling gives the
+        // same picture, at a fraction of the cost on a software renderer.
+        m_material.setFiltering(QSGTexture::Nearest);
+        setMaterial(&m_material);
+    }
+
+    bool hasTexture() const { return m_texture != nullptr; }
+
+    void show(QSGTexture *texture, const QList<QRect> &areas, QSize pixels, qreal scale)
+    {
+        m_texture.reset(texture);
+        m_material.setTexture(texture);
+        m_geometry.allocate(int(areas.size() * 6));
+        QSGGeometry::TexturedPoint2D *vertex = m_geometry.vertexDataAsTexturedPoint2D();
+        for (const QRect &area : areas) {
+            const float left = float(area.left() / scale);
+            const float top = float(area.top() / scale);
+            const float right = float((area.right() + 1) / scale);
+            const float bottom = float((area.bottom() + 1) / scale);
+            const float u0 = float(area.left()) / float(pixels.width());
+            const float v0 = float(area.top()) / float(pixels.height());
+            const float u1 = float(area.right() + 1) / float(pixels.width());
+            const float v1 = float(area.bottom() + 1) / float(pixels.height());
+            (vertex++)->set(left, top, u0, v0);
+            (vertex++)->set(right, top, u1, v0);
+            (vertex++)->set(left, bottom, u0, v1);
+            (vertex++)->set(right, top, u1, v0);
+            (vertex++)->set(right, bottom, u1, v1);
+            (vertex++)->set(left, bottom, u0, v1);
+        }
+        markDirty(QSGNode::DirtyGeometry | QSGNode::DirtyMaterial);
+    }
+
+private:
+    QSGGeometry m_geometry;
+    QSGTextureMaterial m_material;
+    std::unique_ptr<QSGTexture> m_texture;
+};
+
+} // namespace
 
 DrawingRendererItem::DrawingRendererItem(QQuickItem *parent)
-    : QQuickPaintedItem(parent)
+    : QQuickItem(parent)
 {
-    setAntialiasing(true);
-    // The texture lands pixel for pixel, so nearest sampling gives the same
-    // picture, at a fraction of the cost on a software renderer.
-    setSmooth(false);
-    // The background stays transparent, or an eraser would leave a hole
-    // filled with the fill colour.
-    setOpaquePainting(false);
+    setFlag(ItemHasContents);
 }
 
 void DrawingRendererItem::setDrawingModel(DrawingModel *model)
@@ -151,7 +202,8 @@ void DrawingRendererItem::paintOntoLayer(const QList<Stroke> &strokes, qsizetype
 {
     QPainter painter(&m_layer);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    painter.setTransform(QTransform::fromScale(m_layerScale.width(), m_layerScale.height()));
+    const QTransform toPixels = QTransform::fromScale(m_layerScale.width(), m_layerScale.height());
+    painter.setTransform(toPixels);
     const StrokePainter strokePainter = StrokePainter::live(m_defaultColor, m_defaultWidth);
     for (qsizetype i = from; i < strokes.size(); ++i) {
         const Stroke &stroke = strokes[i];
@@ -160,7 +212,41 @@ void DrawingRendererItem::paintOntoLayer(const QList<Stroke> &strokes, qsizetype
         m_layerUsesDefaultColor = m_layerUsesDefaultColor || stroke.color.isEmpty();
         m_layerUsesDefaultWidth = m_layerUsesDefaultWidth || stroke.width < 1;
         strokePainter.paint(&painter, stroke);
+        // An eraser only takes paint away: the tiles it crosses keep what
+        // else they hold.
+        if (stroke.tool != QLatin1String("eraser"))
+            m_tiles.mark(toPixels.mapRect(strokePainter.reach(stroke)).toAlignedRect());
     }
+}
+
+bool DrawingRendererItem::updateLayer(const QList<Stroke> &strokes, QSize pixels, QSizeF scale)
+{
+    qsizetype from = m_layerStrokes.size();
+    const bool fresh = !layerStillShows(strokes, pixels, scale);
+    if (fresh) {
+        m_layer = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
+        // Transparent, or an eraser would leave a hole in a fill colour.
+        m_layer.fill(Qt::transparent);
+        m_layerScale = scale;
+        m_layerUsesDefaultColor = false;
+        m_layerUsesDefaultWidth = false;
+        m_tiles.reset(pixels);
+        from = 0;
+    }
+    m_layerDefaultColor = m_defaultColor;
+    m_layerDefaultWidth = m_defaultWidth;
+    paintOntoLayer(strokes, from);
+    m_layerStrokes = strokes;
+    m_layerValid = true;
+    return fresh || from < strokes.size();
+}
+
+void DrawingRendererItem::dropLayer()
+{
+    m_layer = QImage();
+    m_layerStrokes.clear();
+    m_tiles.reset({});
+    invalidateLayer();
 }
 
 void DrawingRendererItem::paint(QPainter *painter)
@@ -171,8 +257,7 @@ void DrawingRendererItem::paint(QPainter *painter)
     const QTransform device = painter->deviceTransform();
     if (strokes.isEmpty() || device.type() > QTransform::TxScale) {
         // Nothing to keep, or a rotated painter that a pixel copy cannot serve.
-        m_layer = QImage();
-        invalidateLayer();
+        dropLayer();
         const StrokePainter strokePainter = StrokePainter::live(m_defaultColor, m_defaultWidth);
         for (const Stroke &stroke : strokes) {
             if (m_mirrorAnnotations || stroke.showsOn(m_displayId))
@@ -185,24 +270,31 @@ void DrawingRendererItem::paint(QPainter *painter)
     const QSize pixels(qCeil(width() * scale.width()), qCeil(height() * scale.height()));
     if (pixels.isEmpty())
         return;
-    qsizetype from = m_layerStrokes.size();
-    if (!layerStillShows(strokes, pixels, scale)) {
-        m_layer = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
-        m_layer.fill(Qt::transparent);
-        m_layerScale = scale;
-        m_layerUsesDefaultColor = false;
-        m_layerUsesDefaultWidth = false;
-        from = 0;
-    }
-    m_layerDefaultColor = m_defaultColor;
-    m_layerDefaultWidth = m_defaultWidth;
-    paintOntoLayer(strokes, from);
-    m_layerStrokes = strokes;
-    m_layerValid = true;
+    updateLayer(strokes, pixels, scale);
 
     // Undo the scale so that the layer lands pixel for pixel.
     painter->save();
     painter->scale(1.0 / scale.width(), 1.0 / scale.height());
     painter->drawImage(QPointF(0, 0), m_layer);
     painter->restore();
+}
+
+QSGNode *DrawingRendererItem::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *data)
+{
+    Q_UNUSED(data)
+    auto *node = static_cast<LayerNode *>(oldNode);
+    const qreal scale = window() ? window()->effectiveDevicePixelRatio() : 1.0;
+    const QSize pixels(qCeil(width() * scale), qCeil(height() * scale));
+    if (!m_hasContent || !window() || pixels.isEmpty()) {
+        // Nothing of this display to show: no layer, no texture.
+        dropLayer();
+        delete node;
+        return nullptr;
+    }
+    const bool changed = updateLayer(sourceStrokes(), pixels, QSizeF(scale, scale));
+    if (!node)
+        node = new LayerNode;
+    if (changed || !node->hasTexture())
+        node->show(window()->createTextureFromImage(m_layer), m_tiles.runs(), pixels, scale);
+    return node;
 }

@@ -1,11 +1,12 @@
 #pragma once
 
 #include "drawing/DrawingModel.h"
+#include "drawing/LayerTiles.h"
 
 #include <QColor>
 #include <QImage>
 #include <QPointer>
-#include <QQuickPaintedItem>
+#include <QQuickItem>
 #include <QVariantList>
 #include <QtQml/qqmlregistration.h>
 
@@ -17,8 +18,10 @@
 // When the list grew at its end (a commit or a redo), only the new strokes
 // are painted onto it; any other change repaints the layer from nothing.
 // Painting in list order onto the same pixels gives the same result either
-// way, the eraser included.
-class DrawingRendererItem : public QQuickPaintedItem
+// way, the eraser included. On screen the layer is one texture, of which only
+// the tiles that strokes reach are drawn, so that a frame in which something
+// else moves costs the area of the strokes, not the whole window.
+class DrawingRendererItem : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
@@ -64,7 +67,11 @@ public:
 
     bool hasContent() const { return m_hasContent; }
 
-    void paint(QPainter *painter) override;
+    // Brings the layer up to date at the painter's device scale and paints
+    // it; the window draws the same layer through the scene graph.
+    void paint(QPainter *painter);
+    // The parts of the layer that are drawn, in its device pixels.
+    QList<QRect> drawnAreas() const { return m_tiles.runs(); }
 
 signals:
     void drawingModelChanged();
@@ -76,6 +83,9 @@ signals:
     void defaultSmoothingChanged();
     void hasContentChanged();
 
+protected:
+    QSGNode *updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *data) override;
+
 private:
     Q_DISABLE_COPY_MOVE(DrawingRendererItem)
 
@@ -85,6 +95,9 @@ private:
     void invalidateLayer();
     bool layerStillShows(const QList<Stroke> &strokes, QSize pixels, QSizeF scale) const;
     void paintOntoLayer(const QList<Stroke> &strokes, qsizetype from);
+    // True when the layer's pixels changed.
+    bool updateLayer(const QList<Stroke> &strokes, QSize pixels, QSizeF scale);
+    void dropLayer();
 
     QPointer<DrawingModel> m_model;
     QList<QMetaObject::Connection> m_modelConnections;
@@ -103,5 +116,6 @@ private:
     bool m_layerUsesDefaultColor = false;
     bool m_layerUsesDefaultWidth = false;
     bool m_layerValid = false;
+    LayerTiles m_tiles;
     bool m_hasContent = false;
 };

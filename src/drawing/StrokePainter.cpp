@@ -42,6 +42,32 @@ qreal StrokePainter::liveArrowHeadLength(qreal penWidth)
     return std::max(15.0, 4.0 * penWidth);
 }
 
+QRectF StrokePainter::reach(const Stroke &stroke) const
+{
+    if (stroke.points.isEmpty())
+        return {};
+    const qreal width = stroke.width < 1 ? m_defaultWidth : stroke.width;
+    // Round caps and joins reach half the pen from the line; a highlighter's
+    // miter join its whole width; an arrow's wings their head length from the
+    // tip. Smoothing never leaves the points' hull. One more pixel for
+    // antialiasing.
+    qreal margin = width / 2;
+    if (stroke.tool == QLatin1String("highlighter"))
+        margin = highlighterWidth(int(width));
+    else if (stroke.tool == QLatin1String("arrow"))
+        margin = std::max(margin,
+                          m_variant == Variant::Live ? liveArrowHeadLength(width)
+                                                     : kExportArrowHeadLength + width);
+    margin += 1.0;
+    QPointF low = stroke.points.first();
+    QPointF high = low;
+    for (const QPointF &point : stroke.points) {
+        low = QPointF(std::min(low.x(), point.x()), std::min(low.y(), point.y()));
+        high = QPointF(std::max(high.x(), point.x()), std::max(high.y(), point.y()));
+    }
+    return QRectF(low, high).adjusted(-margin, -margin, margin, margin);
+}
+
 void StrokePainter::paint(QPainter *painter, const Stroke &stroke) const
 {
     if (stroke.points.size() < 2)

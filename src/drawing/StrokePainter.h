@@ -3,6 +3,7 @@
 #include "drawing/Stroke.h"
 
 #include <QColor>
+#include <QRectF>
 
 class QPainter;
 
@@ -20,6 +21,10 @@ public:
     // Leaves the painter's state as it found it. Strokes of fewer than two
     // points paint nothing.
     void paint(QPainter *painter, const Stroke &stroke) const;
+
+    // Holds every pixel paint() may touch for the stroke: its points' bounds
+    // grown by what its tool's pen, caps, joins or arrow head add.
+    QRectF reach(const Stroke &stroke) const;
 
     int highlighterWidth(int strokeWidth) const;
     static qreal liveArrowHeadLength(qreal penWidth);

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QtGlobal>
+
+#include <functional>
 #include <memory>
 
 // Tells the pointer poll whether the pointer may have moved or a button
@@ -17,6 +20,13 @@ public:
     // takeActivity() saw, also those released again since: a short click
     // falls between two polls. 0 where the platform cannot tell.
     virtual int pressedButtons() const { return 0; }
+    // Calls `onInput` once, on the calling thread, as soon as input arrives,
+    // so that the poll may rest meanwhile. False when this source cannot.
+    virtual bool wakeOnInput(std::function<void()> onInput)
+    {
+        Q_UNUSED(onInput)
+        return false;
+    }
 
     static std::unique_ptr<PointerActivity> create();
 };

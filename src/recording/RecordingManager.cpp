@@ -6,6 +6,7 @@
 #include "settings/SettingsManager.h"
 
 #include <QDateTime>
+#include <QEventLoop>
 #include <QFile>
 #include <QGuiApplication>
 #include <QScreen>
@@ -42,7 +43,9 @@ RecordingManager::~RecordingManager()
     if (!m_thread)
         return;
     m_thread->quit();
-    if (!m_thread->wait(ShutdownWaitMs)) {
+    const QDeadlineTimer deadline =
+        m_shutdownDeadline.isForever() ? QDeadlineTimer(ShutdownWaitMs) : m_shutdownDeadline;
+    if (!m_thread->wait(deadline)) {
         qCWarning(lcRecording)
             << "RecordingWorker did not finish in 6 s \u2014 video may be incomplete.";
         // Destroying a running QThread aborts the process; leave it to finish
@@ -166,6 +169,22 @@ void RecordingManager::stop()
     m_screen = nullptr;
     setState(Failed);
     emit finished(false, QString());
+}
+
+void RecordingManager::stopForQuit()
+{
+    if (m_state == Idle || m_state == Failed)
+        return;
+    m_shutdownDeadline = QDeadlineTimer(ShutdownWaitMs);
+    QEventLoop loop;
+    connect(this, &RecordingManager::finished, &loop, &QEventLoop::quit);
+    QTimer::singleShot(m_shutdownDeadline.remainingTime(), &loop, &QEventLoop::quit);
+    stop();
+    // Without a worker the stop ends at once; otherwise the worker reports.
+    if (m_state == Saving)
+        loop.exec();
+    if (m_state == Saving)
+        qCWarning(lcRecording) << "RecordingManager: the recording was not saved in time at quit";
 }
 
 void RecordingManager::setState(State state)

@@ -2,6 +2,7 @@
 
 #include "recording/RecordingBackend.h"
 
+#include <QDeadlineTimer>
 #include <QObject>
 #include <QRect>
 #include <QString>
@@ -34,6 +35,10 @@ public:
     void start(QScreen *screen = nullptr);
     void togglePause();
     void stop();
+    // At quit: stops a recording that is under way and turns the event loop
+    // until its files are finalised and promoted, or until the 6 s the stop
+    // path allows are over; the destructor then waits only for what is left.
+    void stopForQuit();
 
     State state() const { return m_state; }
     int elapsedSeconds() const { return m_elapsedSeconds; }
@@ -74,6 +79,7 @@ private:
     QThread *m_thread = nullptr;
     RecordingWorker *m_worker = nullptr;
     quint64 m_attempt = 0;
+    QDeadlineTimer m_shutdownDeadline { QDeadlineTimer::Forever };
 };
 
 Q_DECLARE_METATYPE(RecordingManager::State)

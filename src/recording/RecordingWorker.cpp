@@ -70,10 +70,16 @@ void RecordingWorker::start(const QString &outputPath, const QString &metadataPa
 
     m_frameTimer = new QTimer(this);
     m_frameTimer->setTimerType(Qt::PreciseTimer);
-    m_frameTimer->setInterval(33);
+    m_frameTimer->setSingleShot(true);
     connect(m_frameTimer, &QTimer::timeout, this, &RecordingWorker::captureFrame);
-    m_frameTimer->start();
+    scheduleNextTick();
     emit started();
+}
+
+void RecordingWorker::scheduleNextTick()
+{
+    if (m_frameTimer)
+        m_frameTimer->start(int(m_pacer.msUntilNextTick(m_clock.elapsed())));
 }
 
 void RecordingWorker::abandonStart(const QString &error)
@@ -92,8 +98,15 @@ void RecordingWorker::captureFrame()
         return;
     }
     const qint64 elapsedMs = m_clock.elapsed();
-    if (!m_pacer.admit(elapsedMs))
-        return;
+    if (m_pacer.admit(elapsedMs))
+        recordFrame(elapsedMs);
+    // Aimed from the time after the work, so a slow frame does not make the
+    // next tick come early into the slot it already passed.
+    scheduleNextTick();
+}
+
+void RecordingWorker::recordFrame(qint64 elapsedMs)
+{
     m_captureInProgress = true;
     QElapsedTimer stepTimer;
     stepTimer.start();
@@ -145,8 +158,7 @@ void RecordingWorker::pause()
 
 void RecordingWorker::resume()
 {
-    if (m_frameTimer)
-        m_frameTimer->start();
+    scheduleNextTick();
 }
 
 void RecordingWorker::finish()

@@ -13,10 +13,10 @@
 
 class QTimer;
 
-// Runs one recording on its own thread: a 33 ms timer asks the frame source
-// for a picture, stamps it with the recording's stopwatch, hands it to the
-// writer and appends a cursor record. Driven by queued calls from
-// RecordingManager; reports back by queued signals.
+// Runs one recording on its own thread: a timer aimed at the middle of each
+// frame's slot asks the frame source for a picture, stamps it with the
+// recording's stopwatch, hands it to the writer and appends a cursor record. Driven by queued calls
+// from RecordingManager; reports back by queued signals.
 class RecordingWorker : public QObject
 {
     Q_OBJECT
@@ -57,6 +57,8 @@ signals:
 
 private:
     void abandonStart(const QString &error);
+    void scheduleNextTick();
+    void recordFrame(qint64 elapsedMs);
     void logStats() const;
 
     RecordingBackend m_backend;

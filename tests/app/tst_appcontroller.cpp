@@ -1,6 +1,7 @@
 #include "app/AppController.h"
 #include "display/DisplayManager.h"
 #include "display/OverlayManager.h"
+#include "recording/RecordingManager.h"
 #include "settings/SettingsManager.h"
 
 #include <QCursor>
@@ -24,21 +25,53 @@ private:
     std::shared_ptr<int> m_mask;
 };
 
-// Input "arrived" while the shared flag is set, with the presses in the mask.
+// Input "arrived" while the shared flag is set. It can wake a resting poll
+// when the test lets it, through the callback it keeps.
+struct ActivityScript
+{
+    bool input = true;
+    bool canWake = false;
+    int reads = 0;
+    // The buttons pressed in that input, also those released again since.
+    int pressed = 0;
+    std::function<void()> wake;
+};
+
 class FakePointerActivity final : public PointerActivity
 {
 public:
-    FakePointerActivity(std::shared_ptr<bool> input, std::shared_ptr<int> pressed)
-        : m_input(std::move(input))
-        , m_pressed(std::move(pressed))
+    explicit FakePointerActivity(std::shared_ptr<ActivityScript> script)
+        : m_script(std::move(script))
     {
     }
-    bool takeActivity() override { return *m_input; }
-    int pressedButtons() const override { return *m_pressed; }
+    bool takeActivity() override
+    {
+        ++m_script->reads;
+        return m_script->input;
+    }
+    int pressedButtons() const override { return m_script->pressed; }
+    bool wakeOnInput(std::function<void()> onInput) override
+    {
+        if (m_script->canWake)
+            m_script->wake = std::move(onInput);
+        return m_script->canWake;
+    }
 
 private:
-    std::shared_ptr<bool> m_input;
-    std::shared_ptr<int> m_pressed;
+    std::shared_ptr<ActivityScript> m_script;
+};
+
+class FakeFolderRevealer final : public FolderRevealer
+{
+public:
+    explicit FakeFolderRevealer(std::shared_ptr<QStringList> revealed)
+        : m_revealed(std::move(revealed))
+    {
+    }
+    void reveal(const QString &filePath) override { m_revealed->append(filePath); }
+
+private:
+    std::shared_ptr<QStringList> m_revealed;
 };
 
 class NullPassThrough final : public WindowPassThrough
@@ -70,20 +103,21 @@ private:
     std::unique_ptr<OverlayManager> overlays;
     std::unique_ptr<AppController> controller;
     std::shared_ptr<int> buttons;
-    std::shared_ptr<bool> input;
-    std::shared_ptr<int> pressed;
+    std::shared_ptr<ActivityScript> activity;
+    std::shared_ptr<QStringList> revealed;
     QWindow hud;
 
-    void build()
+    void build(RecordingManager *recording = nullptr)
     {
         controller.reset();
         buttons = std::make_shared<int>(0);
-        input = std::make_shared<bool>(true);
-        pressed = std::make_shared<int>(0);
+        activity = std::make_shared<ActivityScript>();
+        revealed = std::make_shared<QStringList>();
         controller = std::make_unique<AppController>(
-            settings.get(), overlays.get(), nullptr, nullptr, displays.get(), nullptr,
+            settings.get(), overlays.get(), nullptr, nullptr, displays.get(), recording,
             std::make_unique<FakePointerButtons>(buttons),
-            std::make_unique<FakePointerActivity>(input, pressed));
+            std::make_unique<FakePointerActivity>(activity),
+            std::make_unique<FakeFolderRevealer>(revealed));
     }
 
     // The screen's own centre: far from any hit rectangle unless a test puts one there.
@@ -339,7 +373,7 @@ private slots:
         for (const PollStep &step : steps) {
             controller->setTool(step.tool);
             *buttons = step.mask;
-            *pressed = step.pressed;
+            activity->pressed = step.pressed;
             controller->pollPointer();
         }
         QList<int> seen;
@@ -376,7 +410,7 @@ private slots:
     {
         // The first tick after input reads; then only every sixteenth quiet one.
         controller->pollPointer();
-        *input = false;
+        activity->input = false;
         const QPoint moved = screenCentre() + QPoint(3, 3);
         QCursor::setPos(moved);
         for (int tick = 1; tick < 16; ++tick) {
@@ -389,17 +423,44 @@ private slots:
 
         // Input reads at the very next tick.
         QCursor::setPos(screenCentre());
-        *input = true;
+        activity->input = true;
         controller->pollPointer();
         QCOMPARE(controller->mousePosition(), QPointF(screenCentre()));
 
         // So does every tick while the toolbar is being moved.
-        *input = false;
+        activity->input = false;
         controller->beginToolbarMove();
         QCursor::setPos(moved);
         controller->pollPointer();
         QCOMPARE(controller->mousePosition(), QPointF(moved));
         controller->endToolbarMove();
+    }
+
+    void aRestingPollSleepsUntilInputWakesIt()
+    {
+        activity->canWake = true;
+        controller->pollPointer();
+        activity->input = false;
+        for (int tick = 0; tick < 16 && !activity->wake; ++tick)
+            controller->pollPointer();
+        QVERIFY2(activity->wake, "the sixteenth quiet tick rests");
+
+        // At rest the timer reads the source a few times a second, not 62.
+        activity->reads = 0;
+        activity->wake = nullptr;
+        QTest::qWait(1000);
+        QVERIFY2(activity->reads <= 6, qPrintable(QString::number(activity->reads)));
+        QVERIFY2(activity->wake, "each rest tick arms the wake-up again");
+
+        // Input wakes it and is read at once.
+        const QPoint moved = screenCentre() + QPoint(9, 2);
+        QCursor::setPos(moved);
+        activity->input = true;
+        std::exchange(activity->wake, nullptr)();
+        QCOMPARE(controller->mousePosition(), QPointF(moved));
+        // Back at the 16 ms pace: ten ticks come long before two rest ticks would.
+        activity->reads = 0;
+        QTRY_VERIFY_WITH_TIMEOUT(activity->reads >= 10, 1500);
     }
 
     void theTimerPolls()
@@ -520,6 +581,38 @@ private slots:
         }
         qunsetenv("GLIMMORA_ENABLE_RECORDING");
         QCOMPARE(controller->recordingState(), 0);
+    }
+
+    void finishedRecordingRevealsOnlyASavedFile_data()
+    {
+        QTest::addColumn<bool>("success");
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<bool>("openFolder");
+        QTest::addColumn<bool>("saved");
+        QTest::newRow("saved, folder wanted") << true << "/v/Glimmora-1.mp4" << true << true;
+        QTest::newRow("saved, folder not wanted") << true << "/v/Glimmora-1.mp4" << false << true;
+        QTest::newRow("failed") << false << "" << true << false;
+        QTest::newRow("success without a path") << true << "" << true << false;
+    }
+
+    void finishedRecordingRevealsOnlyASavedFile()
+    {
+        QFETCH(bool, success);
+        QFETCH(QString, path);
+        QFETCH(bool, openFolder);
+        QFETCH(bool, saved);
+        QTemporaryDir folder;
+        settings->setCaptureSaveFolder(folder.path());
+        settings->setRecordOpenFolderAfterStop(openFolder);
+        RecordingManager recording(settings.get());
+        build(&recording);
+        QSignalSpy savedSpy(controller.get(), &AppController::recordingSaved);
+        emit recording.finished(success, path);
+        QCOMPARE(savedSpy.count(), saved ? 1 : 0);
+        const bool reveals = saved && openFolder;
+        QCOMPARE(*revealed, reveals ? QStringList { path } : QStringList());
+        // The file manager is not to be covered by the overlay.
+        QCOMPARE(controller->overlayEnabled(), !reveals);
     }
 
     void repeatedKeystrokeSignalsEachTime()

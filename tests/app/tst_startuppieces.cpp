@@ -2,6 +2,7 @@
 #include "app/LogFile.h"
 #include "app/SingleInstanceLock.h"
 #include "app/ThemeFonts.h"
+#include "platform/TerminationWatcher.h"
 #include "platform/linux/LinuxSessionCapabilities.h"
 #include "settings/AvailableLanguages.h"
 
@@ -12,6 +13,7 @@
 #include <QGuiApplication>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextLayout>
@@ -235,6 +237,32 @@ private slots:
             const QList<quint32> glyphs = run.glyphIndexes();
             QVERIFY2(!glyphs.contains(0u), qPrintable(run.rawFont().familyName()));
         }
+    }
+
+    void terminationSignalReachesTheEventLoopOnce_data()
+    {
+        QTest::addColumn<int>("number");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("logout, service stop, kill") << int(SIGTERM) << "SIGTERM";
+        QTest::newRow("Ctrl+C in a terminal") << int(SIGINT) << "SIGINT";
+        QTest::newRow("the terminal closed") << int(SIGHUP) << "SIGHUP";
+    }
+
+    void terminationSignalReachesTheEventLoopOnce()
+    {
+        QFETCH(int, number);
+        const std::unique_ptr<TerminationWatcher> watcher = TerminationWatcher::create();
+        QSignalSpy requested(watcher.get(), &TerminationWatcher::terminationRequested);
+        ::raise(number);
+        // Nothing happens inside the handler: the request comes from the loop.
+        QCOMPARE(requested.count(), 0);
+        QVERIFY(requested.wait(5000));
+        QCOMPARE(requested.count(), 1);
+        QTEST(requested.first().first().toString(), "name");
+        // A second one would now end the process at once.
+        struct sigaction action = {};
+        QCOMPARE(sigaction(number, nullptr, &action), 0);
+        QVERIFY(action.sa_handler == SIG_DFL);
     }
 
     void sessionAnswers_data()

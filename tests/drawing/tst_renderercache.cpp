@@ -50,6 +50,8 @@ class TestRendererCache : public QObject
 private slots:
     void layerMatchesFullRepaint_data();
     void layerMatchesFullRepaint();
+    void drawnTilesHoldTheStroke_data();
+    void drawnTilesHoldTheStroke();
 };
 
 void TestRendererCache::layerMatchesFullRepaint_data()
@@ -151,9 +153,63 @@ void TestRendererCache::layerMatchesFullRepaint()
         const QImage direct = paintDirectly(kept, model, scale, format);
         QVERIFY2(fromLayer == fromScratch, qPrintable(QStringLiteral("after ") + frame));
         QVERIFY2(fromLayer == direct, qPrintable(QStringLiteral("direct, after ") + frame));
+        // Only the drawn tiles reach the screen: they hold every painted pixel.
+        QImage outside = fromLayer;
+        QPainter eraser(&outside);
+        eraser.setCompositionMode(QPainter::CompositionMode_Clear);
+        for (const QRect &area : kept.drawnAreas())
+            eraser.fillRect(area, Qt::transparent);
+        eraser.end();
+        QVERIFY2(countPainted(outside, outside.rect()) == 0,
+                 qPrintable(QStringLiteral("paint outside the drawn tiles after ") + frame));
         sawPaint = sawPaint || countPainted(fromLayer, fromLayer.rect()) > 0;
     }
     QVERIFY(sawPaint);
+}
+
+void TestRendererCache::drawnTilesHoldTheStroke_data()
+{
+    QTest::addColumn<QString>("tool");
+    QTest::addColumn<int>("width");
+    QTest::addColumn<qreal>("scale");
+    // Strokes along a tile edge (64 device pixels), where paint spills over.
+    for (const char *tool : { "pen", "highlighter", "arrow", "rectangle", "circle" }) {
+        for (int width : { 2, 24 }) {
+            QTest::addRow("%s %d", tool, width) << QString::fromLatin1(tool) << width << 1.0;
+            QTest::addRow("%s %d, scale 1.5", tool, width)
+                << QString::fromLatin1(tool) << width << 1.5;
+        }
+    }
+}
+
+void TestRendererCache::drawnTilesHoldTheStroke()
+{
+    QFETCH(QString, tool);
+    QFETCH(int, width);
+    QFETCH(qreal, scale);
+    const QSize screen(1920, 1080);
+    DrawingModel model;
+    const qreal edge = 128 / scale;
+    commitStroke(model, tool, { { 300, edge }, { 500, edge + 2 }, { 700, edge } },
+                 QStringLiteral("#d04020"), width, QString(), 2);
+    DrawingRendererItem item;
+    item.setDrawingModel(&model);
+    const QImage painted = paintItem(item, screen, scale);
+    QVERIFY(countPainted(painted, painted.rect()) > 0);
+
+    QImage outside = painted;
+    QPainter eraser(&outside);
+    eraser.setCompositionMode(QPainter::CompositionMode_Clear);
+    qint64 drawn = 0;
+    for (const QRect &area : item.drawnAreas()) {
+        eraser.fillRect(area, Qt::transparent);
+        drawn += qint64(area.width()) * area.height();
+    }
+    eraser.end();
+    QCOMPARE(countPainted(outside, outside.rect()), 0);
+    // A stroke across a tenth of the screen draws far less than the screen.
+    QVERIFY2(drawn * 10 < qint64(painted.width()) * painted.height(),
+             qPrintable(QString::number(drawn)));
 }
 
 QTEST_MAIN(TestRendererCache)

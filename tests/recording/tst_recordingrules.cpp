@@ -2,6 +2,7 @@
 #include "recording/H264Settings.h"
 #include "recording/HresultText.h"
 
+#include <QRandomGenerator>
 #include <QTest>
 
 #include <tuple>
@@ -179,6 +180,79 @@ private slots:
         QTEST(HresultText::wrap(QStringLiteral("Failed to start Windows Graphics Capture"), code,
                                 message),
               "wrapped");
+    }
+
+    void nextTickAimsAtTheMiddleOfTheNextSlot_data()
+    {
+        QTest::addColumn<QList<qint64>>("admittedAtMs");
+        QTest::addColumn<qint64>("nowMs");
+        QTest::addColumn<qint64>("waitMs");
+        // Slots at 30 fps are 33 1/3 ms; their middles lie at 16.7, 50, 83.3 ...
+        QTest::newRow("before the first frame") << QList<qint64> {} << qint64(0) << qint64(17);
+        QTest::newRow("after a long start, the slot it is in")
+            << QList<qint64> {} << qint64(500) << qint64(17);
+        QTest::newRow("after frame 0, the middle of slot 1")
+            << QList<qint64> { 17 } << qint64(17) << qint64(33);
+        QTest::newRow("a frame that took long waits less")
+            << QList<qint64> { 17 } << qint64(40) << qint64(10);
+        QTest::newRow("past the middle, at once")
+            << QList<qint64> { 17 } << qint64(60) << qint64(0);
+        QTest::newRow("after frame 1, the middle of slot 2")
+            << QList<qint64> { 17, 50 } << qint64(50) << qint64(34);
+    }
+
+    void nextTickAimsAtTheMiddleOfTheNextSlot()
+    {
+        QFETCH(QList<qint64>, admittedAtMs);
+        QFETCH(qint64, nowMs);
+        FramePacer pacer(30);
+        for (qint64 ms : admittedAtMs)
+            QVERIFY(pacer.admit(ms));
+        QTEST(pacer.msUntilNextTick(nowMs), "waitMs");
+    }
+
+    // A minute of ticks on a fake clock, each tick coming as late as a busy
+    // machine makes it and each frame taking its time to serve.
+    void slotPacingLosesNoFrameToJitter_data()
+    {
+        QTest::addColumn<int>("maxLateMs");
+        QTest::addColumn<int>("maxWorkMs");
+        QTest::addColumn<qint64>("stallAtMs");
+        QTest::addColumn<qint64>("skipped");
+        QTest::newRow("punctual") << 0 << 0 << qint64(-1) << qint64(0);
+        QTest::newRow("ticks up to 15 ms late, frames up to 15 ms of work")
+            << 15 << 15 << qint64(-1) << qint64(0);
+        QTest::newRow("a stall of 100 ms loses the two slots it covers")
+            << 0 << 0 << qint64(30000) << qint64(2);
+    }
+
+    void slotPacingLosesNoFrameToJitter()
+    {
+        QFETCH(int, maxLateMs);
+        QFETCH(int, maxWorkMs);
+        QFETCH(qint64, stallAtMs);
+        QRandomGenerator random(16);
+        FramePacer pacer(30);
+        qint64 clockMs = 180; // the start-up before the first tick
+        qint64 frames = 0;
+        bool stalled = false;
+        while (clockMs < 60000) {
+            clockMs += pacer.msUntilNextTick(clockMs) + random.bounded(maxLateMs + 1);
+            if (!pacer.admit(clockMs))
+                continue;
+            ++frames;
+            clockMs += random.bounded(maxWorkMs + 1);
+            if (stallAtMs >= 0 && clockMs >= stallAtMs && !stalled) {
+                clockMs += 100;
+                stalled = true;
+            }
+        }
+        QTEST(pacer.skippedFrames(), "skipped");
+        QCOMPARE(pacer.droppedFrames(), pacer.skippedFrames());
+        // Every slot from the first frame on has its frame, but the skipped ones.
+        const qint64 first = 180 * 30 / 1000;
+        QCOMPARE(frames + pacer.skippedFrames(), pacer.lastFrameIndex() - first + 1);
+        QVERIFY(pacer.lastFrameIndex() >= 1799);
     }
 
     void busyTickCountsAsDrop()

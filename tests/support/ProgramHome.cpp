@@ -39,7 +39,7 @@ bool ProgramHome::start(QProcess &process, const QByteArray &moreSettings) const
     environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::ForwardedChannels);
-    process.start(QStringLiteral(GLIMMORA_BINARY), {});
+    process.start(m_program.isEmpty() ? QStringLiteral(GLIMMORA_BINARY) : m_program, {});
     return process.waitForStarted(10000);
 }
 

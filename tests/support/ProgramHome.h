@@ -12,6 +12,8 @@ public:
     ProgramHome();
 
     bool isValid() const { return m_valid; }
+    // Another build of the program to start, e.g. to compare two builds.
+    void setProgram(const QString &path) { m_program = path; }
     QString filePath(const QString &name) const { return m_dir.filePath(name); }
     // Writes the settings afresh, with `moreSettings` (INI lines) after the
     // general group, then starts the program; false if it did not start.
@@ -26,5 +28,6 @@ public:
 
 private:
     QTemporaryDir m_dir;
+    QString m_program;
     bool m_valid = false;
 };

@@ -3,6 +3,7 @@
 #include "platform/PointerButtons.h"
 
 #include <QLoggingCategory>
+#include <QSocketNotifier>
 
 #include <cstdlib>
 #include <xcb/xinput.h>
@@ -57,6 +58,7 @@ XcbPointerActivity::XcbPointerActivity()
 
 XcbPointerActivity::~XcbPointerActivity()
 {
+    m_wakeUp.reset();
     xcb_disconnect(m_connection);
 }
 
@@ -65,6 +67,8 @@ bool XcbPointerActivity::takeActivity()
     m_pressed = 0;
     if (!m_watching || xcb_connection_has_error(m_connection))
         return true;
+    if (m_wakeUp)
+        m_wakeUp->setEnabled(false);
     // Only raw pointer events are selected, so any event means input.
     bool seen = false;
     while (xcb_generic_event_t *event = xcb_poll_for_event(m_connection)) {
@@ -83,4 +87,24 @@ bool XcbPointerActivity::takeActivity()
         std::free(event);
     }
     return seen;
+}
+
+bool XcbPointerActivity::wakeOnInput(std::function<void()> onInput)
+{
+    if (!m_watching || xcb_connection_has_error(m_connection))
+        return false;
+    m_onInput = std::move(onInput);
+    if (!m_wakeUp) {
+        m_wakeUp = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection),
+                                                     QSocketNotifier::Read);
+        QObject::connect(m_wakeUp.get(), &QSocketNotifier::activated, m_wakeUp.get(), [this] {
+            // Once: the poll reads the events itself when it wakes.
+            m_wakeUp->setEnabled(false);
+            if (m_onInput)
+                m_onInput();
+        });
+    }
+    // Events that came since the last read make the socket readable at once.
+    m_wakeUp->setEnabled(true);
+    return true;
 }

@@ -3,6 +3,9 @@
 #include "platform/PointerActivity.h"
 
 #include <cstdint>
+#include <memory>
+
+class QSocketNotifier;
 
 typedef struct xcb_connection_t xcb_connection_t;
 
@@ -20,6 +23,7 @@ public:
 
     bool takeActivity() override;
     int pressedButtons() const override { return m_pressed; }
+    bool wakeOnInput(std::function<void()> onInput) override;
 
 private:
     xcb_connection_t *m_connection = nullptr;
@@ -27,4 +31,7 @@ private:
     bool m_watching = false;
     uint8_t m_inputOpcode = 0;
     int m_pressed = 0;
+    // Readable when events came in; on only while the poll rests.
+    std::unique_ptr<QSocketNotifier> m_wakeUp;
+    std::function<void()> m_onInput;
 };

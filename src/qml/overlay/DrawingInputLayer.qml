@@ -114,6 +114,13 @@ Item {
         return path + " L " + root.xy(last);
     }
 
+    function buildEraserPath(pts: var): string {
+        if (pts.length < 2)
+            return "";
+        const p = root.filteredPoints(pts, settingsManager.strokeSmoothing);
+        return "M " + p.map(point => root.xy(point)).join(" L ");
+    }
+
     function buildArrowHeadPath(pts: var): string {
         if (pts.length < 2)
             return "";
@@ -142,7 +149,7 @@ Item {
     function updateActiveStroke() {
         const tool = appController.currentTool;
         if (tool === "eraser") {
-            activeEraserCanvas.requestPaint();
+            activeEraserPath.path = root.buildEraserPath(root.activePoints);
         } else if (tool === "highlighter") {
             activeHighlighterPath.path = root.buildStrokeSvgPath(root.activePoints, tool);
         } else {
@@ -156,7 +163,7 @@ Item {
         activePenPath.path = "";
         activeHighlighterPath.path = "";
         activeArrowHeadPath.path = "";
-        activeEraserCanvas.requestPaint();
+        activeEraserPath.path = "";
         root.stroking = false;
     }
 
@@ -237,32 +244,24 @@ Item {
             }
         }
 
-        Canvas {
-            id: activeEraserCanvas
-
-            objectName: "activeEraserCanvas"
+        // Only marks where the eraser went, in white at 0.18; the committed
+        // layer changes on release. A path, not a canvas: a canvas keeps a
+        // window-sized image even while it shows nothing.
+        Shape {
             anchors.fill: parent
 
-            onPaint: {
-                const ctx = activeEraserCanvas.getContext("2d");
-                ctx.reset();
-                ctx.clearRect(0, 0, activeEraserCanvas.width, activeEraserCanvas.height);
-                if (root.activePoints.length < 2)
-                    return;
-                // Only marks where the eraser went; the committed layer changes on release.
-                const p = root.filteredPoints(root.activePoints, settingsManager.strokeSmoothing);
-                ctx.globalCompositeOperation = "source-over";
-                ctx.globalAlpha = 0.18;
-                ctx.strokeStyle = "#FFFFFF";
-                ctx.lineWidth = settingsManager.brushSize;
-                ctx.lineCap = "round";
-                ctx.lineJoin = "round";
-                ctx.beginPath();
-                ctx.moveTo(p[0].x, p[0].y);
-                for (let i = 1; i < p.length; ++i)
-                    ctx.lineTo(p[i].x, p[i].y);
-                ctx.stroke();
-                ctx.globalAlpha = 1;
+            ShapePath {
+                strokeColor: "#2EFFFFFF"
+                strokeWidth: settingsManager.brushSize
+                fillColor: "transparent"
+                capStyle: ShapePath.RoundCap
+                joinStyle: ShapePath.RoundJoin
+
+                PathSvg {
+                    id: activeEraserPath
+
+                    objectName: "activeEraserPath"
+                }
             }
         }
 

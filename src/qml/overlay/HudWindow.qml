@@ -255,7 +255,8 @@ Window {
         objectName: "toolbar"
         x: root.defaultToolbarX()
         y: root.defaultToolbarY()
-        visible: appController.toolbarVisible && root.uiVisible
+        // Gone once it has faded out, so that nothing in it animates unseen.
+        visible: appController.toolbarVisible && root.uiVisible && toolbar.opacity > 0
         opacity: root.controlsChromeVisible ? 1 : 0
         transform: Translate {
             y: root.controlsChromeVisible ? 0 : -toolbar.height - root.defaultToolbarY() - AppTheme.px(10)

@@ -71,13 +71,20 @@ Item {
         // Shown only while a capture is pending, so its opacity is 0 again
         // as soon as the capture ends.
         visible: appController.captureInProgress
+        opacity: ringPulse.value
+    }
 
-        SequentialAnimation on opacity {
-            running: appController.captureInProgress
-            loops: Animation.Infinite
-            NumberAnimation { to: 0.85; duration: 180; easing.type: Easing.OutQuad }
-            NumberAnimation { to: 0.2; duration: 280; easing.type: Easing.InQuad }
-        }
+    // Only while the ring is on screen, which a hidden toolbar is not.
+    SteppedPulse {
+        id: ringPulse
+        objectName: "ringPulse"
+        running: appController.captureInProgress && pulse.visible
+        rest: 0.2
+        peak: 0.85
+        outDuration: 180
+        backDuration: 280
+        outEasesOut: true
+        backEasesIn: true
     }
 
     MouseArea {

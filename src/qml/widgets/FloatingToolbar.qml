@@ -58,6 +58,7 @@ Item {
 
     Rectangle {
         id: pill
+        objectName: "toolbarPill"
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.top: parent.top
         anchors.topMargin: AppTheme.px(14)
@@ -154,6 +155,7 @@ Item {
             }
             RecordSlot {
                 id: recordSlot
+                objectName: "recordSlot"
                 visible: appController.recordingAvailable
                 menuOpen: recordMenu.open
                 onMenuToggleRequested: {

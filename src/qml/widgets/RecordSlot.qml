@@ -23,11 +23,12 @@ Item {
         return (minutes < 10 ? "0" : "") + minutes + ":" + (rest < 10 ? "0" : "") + rest;
     }
 
-    width: root.expanded ? AppTheme.px(124) : AppTheme.px(44)
+    // Implicit, so that the toolbar's row, and with it the pill, grows along.
+    implicitWidth: root.expanded ? AppTheme.px(124) : AppTheme.px(44)
     height: AppTheme.toolbarButtonHeight
     clip: true
 
-    Behavior on width {
+    Behavior on implicitWidth {
         NumberAnimation { duration: AppTheme.durationNormal; easing.type: Easing.OutCubic }
     }
 
@@ -78,20 +79,20 @@ Item {
         font.weight: Font.DemiBold
         text: root.initializing ? qsTr("Ready") + ".".repeat(root.readyDots) : root.recState === 1 ? qsTr("REC") : qsTr("PAUSE")
         color: root.initializing ? AppTheme.accent : root.recState === 1 ? "#FF6A6A" : AppTheme.textDim
-        opacity: root.recState === 2 ? 0.5 : 1.0
+        opacity: root.recState === 2 ? 0.5 : recPulse.value
+    }
 
-        SequentialAnimation on opacity {
-            running: root.recState === 1
-            loops: Animation.Infinite
-            NumberAnimation { to: 0.45; duration: 620 }
-            NumberAnimation { to: 1.0; duration: 620 }
-        }
+    // Only while the label is on screen: a slid-out toolbar is not visible.
+    SteppedPulse {
+        id: recPulse
+        objectName: "recPulse"
+        running: root.recState === 1 && label.visible
     }
 
     Timer {
         interval: 600
         repeat: true
-        running: root.initializing
+        running: root.initializing && label.visible
         onTriggered: root.readyDots = root.readyDots % 3 + 1
     }
 

@@ -6,6 +6,10 @@ QtObject {
     id: root
 
     property bool captureInProgress: false
+    property bool toolbarVisible: true
+    property bool recordingAvailable: false
+    property int recordingState: 0
+    property int recordingElapsed: 0
     property bool regionSelecting: false
     property bool settingsVisible: false
     property bool toolbarDragging: false

@@ -40,6 +40,8 @@ TestCase {
         settingsManager.overlayControlsAlwaysVisible = false;
         settingsManager.keystrokePosition = 1;
         appController.captureInProgress = false;
+        appController.recordingAvailable = true;
+        appController.recordingState = 0;
         appController.regionSelecting = false;
         appController.settingsVisible = false;
         appController.hideSettingsCalls = 0;
@@ -244,5 +246,54 @@ TestCase {
         wait(2000);
         compare(toast.opacity, 1);
         tryCompare(toast, "visible", false, 3000);
+    }
+
+    // Endless pulses run only while they are on screen: a toolbar slid out
+    // of sight, or hidden for a capture, shows nothing of them.
+    function test_pulsesRunOnlyOnScreen_data() {
+        return [
+            { tag: "REC while recording", pulse: "recPulse", recording: 1, capture: false },
+            { tag: "capture ring while a capture is pending", pulse: "ringPulse", recording: 0, capture: true },
+        ];
+    }
+
+    function test_pulsesRunOnlyOnScreen(data) {
+        const toolbar = findChild(hud.contentItem, "toolbar");
+        const pulse = findChild(toolbar, data.pulse);
+        verify(pulse);
+        appController.recordingState = data.recording;
+        settingsManager.overlayControlsAlwaysVisible = true;
+        tryCompare(toolbar, "visible", true);
+        if (!data.capture) {
+            tryCompare(pulse, "running", true);
+            // It does pulse: the value leaves its resting point.
+            tryVerify(() => pulse.value < pulse.rest - 0.1, 1500);
+        }
+        settingsManager.overlayControlsAlwaysVisible = false;
+        tryCompare(toolbar, "visible", false, 2000);
+        compare(pulse.running, false);
+        appController.captureInProgress = data.capture;
+        compare(pulse.running, false);
+        settingsManager.overlayControlsAlwaysVisible = true;
+        // A capture keeps the toolbar hidden, and its ring with it.
+        wait(300);
+        compare(toolbar.visible, !data.capture);
+        compare(pulse.running, !data.capture);
+        appController.captureInProgress = false;
+    }
+
+    function test_widenedRecordSlotStaysInTheToolbar() {
+        settingsManager.overlayControlsAlwaysVisible = true;
+        const toolbar = findChild(hud.contentItem, "toolbar");
+        const pill = findChild(toolbar, "toolbarPill");
+        const slot = findChild(toolbar, "recordSlot");
+        const narrowPill = pill.width;
+        appController.recordingState = 1;
+        tryCompare(slot, "width", AppTheme.px(124));
+        tryVerify(() => pill.width >= narrowPill + AppTheme.px(124 - 44) - 1, 1000);
+        const right = slot.mapToItem(pill, slot.width, 0).x;
+        verify(right <= pill.width - AppTheme.px(6) + 0.5, "slot ends at " + right + " in " + pill.width);
+        // The toolbar stays centred in its window as it grows.
+        compare(toolbar.x, Math.round((hud.width - toolbar.width) / 2));
     }
 }
