@@ -123,7 +123,7 @@ void tst_DesktopsX11::presenterDesktop()
     // Mapped over both monitors, above the application.
     QTRY_VERIFY2_WITH_TIMEOUT(
         programGeometries() == (QList<QRect> { leftMonitor, rightMonitor }),
-        qPrintable(QDebug::toString(programGeometries()) + u'\n' + home.log().right(3000)), 15000);
+        qPrintable(QDebug::toString(programGeometries()) + u'\n' + home.log()), 30000);
     QTRY_VERIFY(programBetween(m_user->topLevelOf(application.window())));
     // Found anew each time: a compositing manager that starts later gets
     // new native windows.
