@@ -5,7 +5,7 @@
 // libx264 ultrafast recording the same display in the same run. Twice: with
 // the toolbar shown ("Always show controls", the default) and slid out.
 // Frames written and lost come from ffprobe; resident memory is read as the
-// recording starts and as it ends.
+// recording starts, once its queues have filled (10 s in), and as it ends.
 // GLIMMORA_BENCH_SECONDS sets each recording's length (default 60; the memory
 // target is for 600). GLIMMORA_BENCH_BINARY runs another build of the program.
 #include "ProgramHome.h"
@@ -127,6 +127,7 @@ struct Run
     Cpu cpu;
     Frames frames;
     double rssStartMb = 0;
+    double rssSettledMb = 0;
     double rssEndMb = 0;
 };
 
@@ -177,10 +178,14 @@ Run recordWithProgram(XTestSession &user, bool toolbarShown, int seconds)
         return run;
     }
     QThread::msleep(2000);
-
     const qint64 pid = program.processId();
-    const Cpu before = cpuOf(pid);
     run.rssStartMb = residentMb(pid);
+    // The pipeline's queues fill over the first seconds; growth after that
+    // would be a leak.
+    QThread::msleep(8000);
+    run.rssSettledMb = residentMb(pid);
+
+    const Cpu before = cpuOf(pid);
     QThread::sleep(seconds);
     const Cpu after = cpuOf(pid);
     run.rssEndMb = residentMb(pid);
@@ -204,6 +209,11 @@ Run recordWithProgram(XTestSession &user, bool toolbarShown, int seconds)
     }
     run.frames = probe(video);
     run.ok = run.frames.written > 0;
+    // Where frames went: the worker's and the writer's own counts.
+    for (const QString &line : home.log().split(u'\n')) {
+        if (line.contains(QLatin1String("stats:")) || line.contains(QLatin1String("dropped")))
+            std::printf("  %s\n", qPrintable(line.section(QLatin1String("] "), 1)));
+    }
     return run;
 }
 
@@ -259,9 +269,9 @@ void printRow(const char *what, const Run &run)
         std::printf("%-26s failed\n", what);
         return;
     }
-    std::printf("%-26s %8.3f %9.3f %8d %6d %10.1f %8.1f\n", what, run.cpu.total / run.seconds,
+    std::printf("%-26s %8.3f %9.3f %8d %6d %10.1f %8.1f %8.1f\n", what, run.cpu.total / run.seconds,
                 run.cpu.llvmpipe / run.seconds, run.frames.written, run.frames.lost, run.rssStartMb,
-                run.rssEndMb);
+                run.rssSettledMb, run.rssEndMb);
 }
 
 const char *verdict(bool met)
@@ -305,8 +315,8 @@ int main(int argc, char *argv[])
     xterm.kill();
     xterm.waitForFinished();
 
-    std::printf("%-26s %8s %9s %8s %6s %10s %8s\n", "", "CPU s/s", "llvmpipe", "written", "lost",
-                "RSS start", "RSS end");
+    std::printf("%-26s %8s %9s %8s %6s %10s %8s %8s\n", "", "CPU s/s", "llvmpipe", "written",
+                "lost", "RSS start", "at 10 s", "RSS end");
     printRow("glimmora, toolbar shown", shown);
     printRow("glimmora, toolbar slid out", hidden);
     printRow("ffmpeg x11grab", reference);
@@ -324,9 +334,9 @@ int main(int argc, char *argv[])
     std::printf("frames lost by the program: %d and %d (target 0; ffmpeg lost %d): %s\n",
                 shown.frames.lost, hidden.frames.lost, reference.frames.lost, verdict(lost == 0));
     const double growth =
-        qMax(shown.rssEndMb - shown.rssStartMb, hidden.rssEndMb - hidden.rssStartMb);
-    std::printf("resident memory growth while recording: %.1f MB in %d s (target < 5 MB over"
-                " 600 s): %s\n",
+        qMax(shown.rssEndMb - shown.rssSettledMb, hidden.rssEndMb - hidden.rssSettledMb);
+    std::printf("resident memory growth after the first 10 s: %.1f MB in %d s (target < 5 MB"
+                " over 600 s): %s\n",
                 growth, seconds, verdict(growth < 5.0));
     std::printf("load average: %.2f before, %.2f after\n", loadBefore, loadAverage());
     return 0;
