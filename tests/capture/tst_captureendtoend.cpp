@@ -134,11 +134,29 @@ private slots:
             QVERIFY2(differs.isEmpty(), qPrintable(differs));
         }
 
-        // The presenter drags the toolbar over to the right display.
-        run("xdotool",
-            { "mousemove", "960", "20", "sleep", "0.3", "mousedown", "1", "mousemove", "1200",
-              "200", "mousemove", "2400", "300", "mousemove", "2880", "300", "mouseup", "1" });
-        QTRY_VERIFY_WITH_TIMEOUT(qRed(m_user.rootPixel(QPoint(2880, 60))) < 0x40, 10000);
+        // The presenter drags the toolbar by its handle over to the right
+        // display, in steps a hand makes.
+        m_user.moveTo(QPoint(960, 20));
+        QTest::qWait(300);
+        m_user.press(1);
+        for (const QPoint step :
+             { QPoint(1000, 60), QPoint(1600, 200), QPoint(2400, 300), QPoint(2880, 300) }) {
+            QTest::qWait(100);
+            m_user.moveTo(step);
+        }
+        QTest::qWait(200);
+        m_user.release(1);
+        // The mode badge in the top left corner has moved with the controls.
+        const auto badgeOn = [&](int left) {
+            const QImage corner = m_user.rootImage(QRect(left + 30, 30, 150, 24));
+            int dark = 0;
+            for (int y = 0; y < corner.height(); ++y) {
+                for (int x = 0; x < corner.width(); ++x)
+                    dark += qRed(corner.pixel(x, y)) < 0x40;
+            }
+            return dark > corner.width() * corner.height() / 2;
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(badgeOn(1920) && !badgeOn(0), 10000);
         const QString differs = captureByHotkeyAgainst(m_withoutProgram.second);
         QVERIFY2(differs.isEmpty(), qPrintable(differs));
     }

@@ -293,8 +293,9 @@ Window {
 
     // The lens grabs the screen below this window, so it never shows itself.
     MagnifierLens {
+        // Not over a dialog: the lens would show the screen undimmed through it.
         active: (AppTheme.isWindows || AppTheme.isLinux) && appController.magnifierEnabled && root.uiVisible
-                && !appController.regionSelecting
+                && !appController.regionSelecting && !quitDialog.visible && !onboarding.visible
         windowGlobalX: root.windowGlobalX
         windowGlobalY: root.windowGlobalY
         zoomFactor: settingsManager.magnifierZoomFactor
