@@ -164,6 +164,21 @@ int XTestSession::inputRectangleCount(uint32_t window)
     return reply ? int(reply->rectangles_len) : -1;
 }
 
+bool XTestSession::takesInputAt(uint32_t window, QPoint global)
+{
+    auto reply = wrap(xcb_shape_get_rectangles_reply(
+        m_connection, xcb_shape_get_rectangles(m_connection, window, XCB_SHAPE_SK_INPUT), nullptr));
+    if (!reply)
+        return false;
+    const QPoint local = global - geometry(window).topLeft();
+    const xcb_rectangle_t *rects = xcb_shape_get_rectangles_rectangles(reply.get());
+    for (int i = 0; i < reply->rectangles_len; ++i) {
+        if (QRect(rects[i].x, rects[i].y, rects[i].width, rects[i].height).contains(local))
+            return true;
+    }
+    return false;
+}
+
 uint32_t XTestSession::selectionOwner(const char *selection)
 {
     auto reply = wrap(xcb_get_selection_owner_reply(

@@ -44,6 +44,8 @@ public:
 
     // Rectangles of the window's input region: none when it lets the mouse through.
     int inputRectangleCount(uint32_t window);
+    // Whether the window's input region holds a global point.
+    bool takesInputAt(uint32_t window, QPoint global);
 
     // The windows that take a click at a global point, from the top-level
     // window down to the innermost one.
