@@ -32,13 +32,12 @@ struct Probe
     QString codec;
     int width = 0;
     int height = 0;
-    QString frameRate;
     int frames = 0;
     double lastPacketSeconds = 0;
     QString error;
 };
 
-// ffprobe's view of the first video stream: codec, size, rate, and the
+// ffprobe's view of the first video stream: codec, size, and the
 // packets actually in the file (a killed recording has no index).
 inline Probe probe(const QString &path)
 {
@@ -46,7 +45,7 @@ inline Probe probe(const QString &path)
     QProcess ffprobe;
     ffprobe.start(QStringLiteral("ffprobe"),
                   { "-v", "error", "-select_streams", "v:0", "-show_entries",
-                    "stream=codec_name,width,height,r_frame_rate:packet=pts_time", "-of", "json",
+                    "stream=codec_name,width,height:packet=pts_time", "-of", "json",
                     path });
     if (!ffprobe.waitForFinished(60000) || ffprobe.exitCode() != 0) {
         result.error = QString::fromUtf8(ffprobe.readAllStandardError());
@@ -57,7 +56,6 @@ inline Probe probe(const QString &path)
     result.codec = stream.value("codec_name").toString();
     result.width = stream.value("width").toInt();
     result.height = stream.value("height").toInt();
-    result.frameRate = stream.value("r_frame_rate").toString();
     const QJsonArray packets = json.value("packets").toArray();
     result.frames = int(packets.size());
     for (const QJsonValue &packet : packets)

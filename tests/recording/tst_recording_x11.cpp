@@ -129,9 +129,10 @@ private slots:
         QCOMPARE(p.codec, QStringLiteral("h264"));
         QCOMPARE(p.width, 1920);
         QCOMPARE(p.height, 1080);
-        QCOMPARE(p.frameRate, QStringLiteral("30/1"));
         // 150 frames on an idle machine; a loaded one loses some to late ticks,
-        // never more than the timeline allows.
+        // never more than the timeline allows. (ffprobe's guessed rate is no
+        // check: a tick that comes late to its slot leaves a shorter gap to
+        // the next, and the guess doubles.)
         qInfo("recorded %d frames over %.2f s", p.frames, p.lastPacketSeconds);
         QVERIFY2(p.frames >= 90 && p.frames <= 155, qPrintable(QString::number(p.frames)));
         QVERIFY2(p.lastPacketSeconds >= 4.6 && p.lastPacketSeconds <= 5.6,
