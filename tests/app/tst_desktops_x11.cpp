@@ -57,6 +57,21 @@ private:
     int penPixels(int y);
     void drag(int y);
     void bringForward(TestDesktop &desktop, const ProbeClient &client);
+    // Starts the program in `home` and returns a guard that quits it.
+    auto startProgram(ProgramHome &home, QProcess &program)
+    {
+        m_program = &program;
+        if (!home.isValid() || !home.start(program))
+            QTest::qFail("the program did not start", __FILE__, __LINE__);
+        return qScopeGuard([this, &program] {
+            ProgramHome::pressQuitShortcut(program);
+            if (!program.waitForFinished(5000)) {
+                program.kill();
+                program.waitForFinished(5000);
+            }
+            m_program = nullptr;
+        });
+    }
 
     std::unique_ptr<XTestSession> m_user;
     QProcess *m_program = nullptr;
@@ -104,21 +119,12 @@ void tst_DesktopsX11::presenterDesktop()
     ProbeClient application;
     QVERIFY(application.start(applicationArea));
     ProgramHome home;
-    QVERIFY(home.isValid());
     QProcess program;
-    m_program = &program;
-    QVERIFY(home.start(program));
+    const auto quit = startProgram(home, program);
     QTRY_VERIFY2_WITH_TIMEOUT(home.logLinesWith(QStringLiteral("Glimmora started.")) == 1,
                               qPrintable(home.log()), 30000);
     if (programFirst)
         QVERIFY(desktop.startWindowManager());
-    const auto quit = qScopeGuard([&] {
-        ProgramHome::pressQuitShortcut(program);
-        if (!program.waitForFinished(5000)) {
-            program.kill();
-            program.waitForFinished(5000);
-        }
-    });
 
     // Mapped over both monitors, above the application.
     QTRY_VERIFY2_WITH_TIMEOUT(
@@ -190,18 +196,13 @@ void tst_DesktopsX11::presenterDesktop()
     const int applicationBefore = brightness(m_user->rootPixel(onApplication));
     const int rightBefore = brightness(m_user->rootPixel(onRight));
     xdotool({ "key", "alt+2" });
-    const auto darkened = [](int before, int now) {
+    const auto darkened = [&](QPoint p, int before) {
+        const int now = brightness(m_user->rootPixel(p));
         return now <= before * 7 / 10 && before - now >= 12;
     };
-    QTRY_VERIFY2(darkened(applicationBefore, brightness(m_user->rootPixel(onApplication))),
-                 qPrintable(QStringLiteral("%1 -> %2")
-                                .arg(applicationBefore)
-                                .arg(brightness(m_user->rootPixel(onApplication)))));
+    QTRY_VERIFY(darkened(onApplication, applicationBefore));
     if (desktop.composesRightMonitor())
-        QTRY_VERIFY2(darkened(rightBefore, brightness(m_user->rootPixel(onRight))),
-                     qPrintable(QStringLiteral("%1 -> %2")
-                                    .arg(rightBefore)
-                                    .arg(brightness(m_user->rootPixel(onRight)))));
+        QTRY_VERIFY(darkened(onRight, rightBefore));
 
     // In the cursor tool a click reaches the application, which keeps the
     // keyboard focus.
@@ -228,7 +229,6 @@ void tst_DesktopsX11::presenterDesktop()
         QTRY_VERIFY(programBetween(m_user->topLevelOf(later.window())));
     }
     qInfo().noquote() << QTest::currentDataTag() << "took" << clock.elapsed() << "ms";
-    m_program = nullptr;
 }
 
 void tst_DesktopsX11::withoutCompositingManager()
@@ -240,18 +240,9 @@ void tst_DesktopsX11::withoutCompositingManager()
     ProbeClient application;
     QVERIFY(application.start(applicationArea));
     ProgramHome home;
-    QVERIFY(home.isValid());
     QProcess program;
-    m_program = &program;
-    QVERIFY(home.start(program));
+    const auto quit = startProgram(home, program);
     QTRY_VERIFY_WITH_TIMEOUT(home.logLinesWith(QStringLiteral("Glimmora started.")) == 1, 30000);
-    const auto quit = qScopeGuard([&] {
-        ProgramHome::pressQuitShortcut(program);
-        if (!program.waitForFinished(5000)) {
-            program.kill();
-            program.waitForFinished(5000);
-        }
-    });
     QCOMPARE(home.logLinesWith(QStringLiteral("XcbCompositorWatch: no compositing manager runs")),
              1);
 
@@ -279,7 +270,6 @@ void tst_DesktopsX11::withoutCompositingManager()
     m_user->moveTo(QPoint(300, 1000));
     QTRY_VERIFY(brightness(m_user->rootPixel(onApplication)) < brightness(0x204060) * 7 / 10);
     QTRY_VERIFY(brightness(m_user->rootPixel(onRight)) < brightness(0x808080) * 7 / 10);
-    m_program = nullptr;
 }
 
 QList<uint32_t> tst_DesktopsX11::programWindows()

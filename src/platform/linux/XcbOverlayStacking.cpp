@@ -108,8 +108,8 @@ void XcbOverlayStacking::readEvents()
 
 void XcbOverlayStacking::handleEvent(const xcb_generic_event_t *event)
 {
-    // Only the root's children matter; a window manager's frames report
-    // their clients' doings on their own.
+    // SubstructureNotify on the root tells of the root's children only,
+    // which are all that stack against ours.
     switch (event->response_type & 0x7f) {
     case XCB_CREATE_NOTIFY: {
         const auto *create = reinterpret_cast<const xcb_create_notify_event_t *>(event);
