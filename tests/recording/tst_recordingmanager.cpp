@@ -6,6 +6,7 @@
 #include "settings/SettingsManager.h"
 
 #include <QCoreApplication>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -273,6 +274,39 @@ private slots:
         QCOMPARE(json.value("error").toString(),
                  closeError.isEmpty() ? u"Could not rename %1 to %2."_s.arg(working, final)
                                       : closeError);
+    }
+
+    // At quit the outcome is settled before stopForQuit returns: after it the
+    // event loop is gone and could not deliver the worker's report.
+    void quitSettlesTheRecordingFirst_data()
+    {
+        QTest::addColumn<bool>("starting");
+        QTest::addColumn<QString>("closeError");
+        QTest::newRow("recording") << false << QString();
+        QTest::newRow("still starting") << true << QString();
+        QTest::newRow("finalising fails, as on a full disk") << false << "No space left on device";
+    }
+
+    void quitSettlesTheRecordingFirst()
+    {
+        QFETCH(bool, starting);
+        QFETCH(QString, closeError);
+        m_script->closeError = closeError;
+        RecordingManager manager(m_settings.get(), fakeBackend(m_script));
+        QSignalSpy finished(&manager, &RecordingManager::finished);
+        if (starting)
+            manager.start();
+        else
+            startRecording(manager);
+        manager.stopForQuit();
+        QCOMPARE(finished.size(), 1);
+        const bool saved = closeError.isEmpty();
+        QCOMPARE(manager.state(), saved ? RecordingManager::Idle : RecordingManager::Failed);
+        const QStringList files = filesUnder(folder());
+        QCOMPARE(files.filter(u".glimmora/recovery/"_s).size(), saved ? 0 : 1);
+        QCOMPARE(files.filter(QRegularExpression(u"^Glimmora-.*\\.mp4$"_s)).size(), saved ? 1 : 0);
+        manager.stopForQuit(); // nothing left to stop
+        QCOMPARE(finished.size(), 1);
     }
 
     void lostCursorFileStillSaves()
