@@ -45,8 +45,7 @@ inline Probe probe(const QString &path)
     QProcess ffprobe;
     ffprobe.start(QStringLiteral("ffprobe"),
                   { "-v", "error", "-select_streams", "v:0", "-show_entries",
-                    "stream=codec_name,width,height:packet=pts_time", "-of", "json",
-                    path });
+                    "stream=codec_name,width,height:packet=pts_time", "-of", "json", path });
     if (!ffprobe.waitForFinished(60000) || ffprobe.exitCode() != 0) {
         result.error = QString::fromUtf8(ffprobe.readAllStandardError());
         return result;
