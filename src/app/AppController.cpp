@@ -281,6 +281,10 @@ void AppController::setModalActive(bool active)
         return;
     m_modalActive = active;
     refreshClickThroughState();
+    // A dialog takes the keys for Esc and Return; after it, the presenter's
+    // application has them again.
+    if (m_overlayManager)
+        m_overlayManager->setKeyboardLent(hudKey, active);
     emit modalActiveChanged();
 }
 

@@ -1,8 +1,10 @@
 #include "display/OverlayManager.h"
 
-OverlayManager::OverlayManager(std::unique_ptr<WindowPassThrough> passThrough, QObject *parent)
+OverlayManager::OverlayManager(std::unique_ptr<WindowPassThrough> passThrough,
+                               std::unique_ptr<KeyboardFocus> keyboard, QObject *parent)
     : QObject(parent)
     , m_passThrough(std::move(passThrough))
+    , m_keyboard(std::move(keyboard))
 {
 }
 
@@ -63,6 +65,16 @@ void OverlayManager::raiseWindow(const QString &displayId)
 {
     if (QWindow *window = m_windows.value(displayId))
         window->raise();
+}
+
+void OverlayManager::setKeyboardLent(const QString &id, bool lent)
+{
+    if (!m_keyboard)
+        return;
+    if (!lent)
+        m_keyboard->giveBack();
+    else if (QWindow *window = m_windows.value(id))
+        m_keyboard->lendTo(window);
 }
 
 void OverlayManager::registerWindow(const QString &id, QWindow *window)

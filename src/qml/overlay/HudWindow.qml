@@ -183,11 +183,11 @@ Window {
         }
 
         // The quit hotkey may arrive while the HUD passes the mouse through and
-        // has no focus: the dialog needs the keyboard for Esc and Return.
+        // has no focus: the open dialog is modal, which lends the HUD the
+        // keyboard for Esc and Return until it closes.
         function onQuitRequested() {
             quitDialog.visible = true;
             root.raise();
-            root.requestActivate();
         }
 
         function onRegionCaptureRequested() {
