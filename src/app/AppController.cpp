@@ -30,8 +30,12 @@ constexpr int pollIntervalMs = 16;
 // While no input arrives the poll still reads the pointer this often, for a
 // pointer that something other than a device moved.
 constexpr int quietTicksPerRead = 16;
-// Long enough for the HUD to vanish from the screen before it is grabbed.
-constexpr int captureDelayMs = 120;
+// After the HUD has presented a frame without its content, the compositing
+// manager still has to draw the screen anew.
+constexpr int compositorMarginMs = 50;
+// A capture goes ahead without word from the HUD after this long: there may
+// be no HUD on screen at all.
+constexpr int controlsHiddenTimeoutMs = 3000;
 const QString hudKey = QStringLiteral("hud");
 
 bool isNonDrawingTool(const QString &tool)
@@ -89,6 +93,15 @@ AppController::AppController(SettingsManager *settings, OverlayManager *overlayM
         connect(m_recordingManager, &RecordingManager::finished, this,
                 &AppController::onRecordingFinished);
     }
+
+    m_grabFallback = new QTimer(this);
+    m_grabFallback->setSingleShot(true);
+    m_grabFallback->setInterval(controlsHiddenTimeoutMs);
+    connect(m_grabFallback, &QTimer::timeout, this, [this] {
+        qCInfo(lcController) << "AppController: the controls did not report leaving the screen;"
+                             << "capturing anyway";
+        runPendingGrab();
+    });
 
     m_pollTimer = new QTimer(this);
     m_pollTimer->setInterval(pollIntervalMs);
@@ -341,21 +354,46 @@ void AppController::captureFullScreen()
         emit captureStatusChanged();
         return;
     }
+    // One at a time: the controls come back after the first.
+    if (m_captureInProgress)
+        return;
     QScreen *screen = controlScreen();
     QImage annotations = annotationImage(screen);
     const bool toolbarWasVisible = m_toolbarVisible;
     setToolbarVisible(false);
     setCaptureInProgress(true);
-    QTimer::singleShot(captureDelayMs, this,
-                       [this, screen = QPointer<QScreen>(screen), annotations, toolbarWasVisible] {
-                           QString path;
-                           QString error;
-                           const bool ok =
-                               m_captureManager->captureScreen(screen, annotations, &path, &error);
-                           if (toolbarWasVisible)
-                               setToolbarVisible(true);
-                           finishCapture(ok, path, error);
-                       });
+    grabWhenControlsHidden(
+        [this, screen = QPointer<QScreen>(screen), annotations, toolbarWasVisible] {
+            QString path;
+            QString error;
+            const bool ok = m_captureManager->captureScreen(screen, annotations, &path, &error);
+            if (toolbarWasVisible)
+                setToolbarVisible(true);
+            finishCapture(ok, path, error);
+        });
+}
+
+void AppController::grabWhenControlsHidden(std::function<void()> grab)
+{
+    m_pendingGrab = std::move(grab);
+    m_grabFallback->start();
+}
+
+void AppController::controlsHiddenOnScreen()
+{
+    if (!m_pendingGrab)
+        return;
+    m_grabFallback->stop();
+    QTimer::singleShot(compositorMarginMs, this, &AppController::runPendingGrab);
+}
+
+void AppController::runPendingGrab()
+{
+    if (!m_pendingGrab)
+        return;
+    m_grabFallback->stop();
+    const std::function<void()> grab = std::exchange(m_pendingGrab, nullptr);
+    grab();
 }
 
 void AppController::setCaptureInProgress(bool inProgress)
@@ -400,19 +438,18 @@ void AppController::commitRegionCapture(qreal x, qreal y, qreal w, qreal h)
     const bool toolbarWasVisible = m_savedToolbarVisible;
     setRegionSelecting(false);
     setCaptureInProgress(true);
-    QTimer::singleShot(captureDelayMs, this,
-                       [this, screen = QPointer<QScreen>(screen), region, annotations, overlayWasOn,
-                        toolbarWasVisible] {
-                           QString path;
-                           QString error;
-                           const bool ok = m_captureManager->captureScreenRegion(
-                               screen, region, annotations, &path, &error);
-                           if (overlayWasOn)
-                               setOverlayEnabled(true);
-                           if (toolbarWasVisible)
-                               setToolbarVisible(true);
-                           finishCapture(ok, path, error);
-                       });
+    grabWhenControlsHidden([this, screen = QPointer<QScreen>(screen), region, annotations,
+                            overlayWasOn, toolbarWasVisible] {
+        QString path;
+        QString error;
+        const bool ok =
+            m_captureManager->captureScreenRegion(screen, region, annotations, &path, &error);
+        if (overlayWasOn)
+            setOverlayEnabled(true);
+        if (toolbarWasVisible)
+            setToolbarVisible(true);
+        finishCapture(ok, path, error);
+    });
 }
 
 void AppController::cancelRegionCapture()

@@ -10,6 +10,7 @@
 #include <QSizeF>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class CaptureManager;
@@ -187,6 +188,9 @@ public slots:
     void captureFullScreen();
     void captureRegion();
     void commitRegionCapture(qreal x, qreal y, qreal w, qreal h);
+    // The screen shows the controls window without its content: a capture
+    // waiting for that goes ahead.
+    void controlsHiddenOnScreen();
     void cancelRegionCapture();
     void showSettingsPage(const QString &pageId);
     void startRecording();
@@ -244,6 +248,8 @@ private:
     void setMousePosition(const QPointF &p);
     void setRegionSelecting(bool selecting);
     void setCaptureInProgress(bool inProgress);
+    void grabWhenControlsHidden(std::function<void()> grab);
+    void runPendingGrab();
     void finishCapture(bool success, const QString &path, const QString &error);
     void onRecordingFinished(bool success, const QString &path);
     void updateToolbarDragTarget(const QPointF &p);
@@ -294,6 +300,8 @@ private:
     QRectF m_toastRect;
     QRectF m_modalRect;
     bool m_captureInProgress = false;
+    std::function<void()> m_pendingGrab;
+    QTimer *m_grabFallback = nullptr;
     bool m_regionSelecting = false;
     bool m_savedOverlayEnabled = true;
     bool m_savedToolbarVisible = true;
