@@ -270,7 +270,7 @@ Window {
         }
     }
 
-    // The lens grabs the screen below this window, so it never shows itself.
+    // The lens grabs the screen without this window, so it never shows itself.
     MagnifierLens {
         // Not over a dialog: the lens would show the screen undimmed through it.
         active: (AppTheme.isWindows || AppTheme.isLinux) && appController.magnifierEnabled && root.uiVisible
