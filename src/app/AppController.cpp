@@ -32,8 +32,12 @@ constexpr int quietTicksPerRead = 16;
 // After that many quiet ticks the poll rests: it is woken by the next input
 // and otherwise only reads the pointer at this interval.
 constexpr int restIntervalMs = quietTicksPerRead * pollIntervalMs;
-// Long enough for the HUD to vanish from the screen before it is grabbed.
-constexpr int captureDelayMs = 120;
+// After the HUD has presented a frame without its content, the compositing
+// manager still has to draw the screen anew.
+constexpr int compositorMarginMs = 50;
+// A capture goes ahead without word from the HUD after this long: there may
+// be no HUD on screen at all.
+constexpr int controlsHiddenTimeoutMs = 3000;
 const QString hudKey = QStringLiteral("hud");
 
 bool isNonDrawingTool(const QString &tool)
@@ -92,6 +96,15 @@ AppController::AppController(SettingsManager *settings, OverlayManager *overlayM
         connect(m_recordingManager, &RecordingManager::finished, this,
                 &AppController::onRecordingFinished);
     }
+
+    m_grabFallback = new QTimer(this);
+    m_grabFallback->setSingleShot(true);
+    m_grabFallback->setInterval(controlsHiddenTimeoutMs);
+    connect(m_grabFallback, &QTimer::timeout, this, [this] {
+        qCInfo(lcController) << "AppController: the controls did not report leaving the screen;"
+                             << "capturing anyway";
+        runPendingGrab();
+    });
 
     m_pollTimer = new QTimer(this);
     m_pollTimer->setInterval(pollIntervalMs);
@@ -314,6 +327,10 @@ void AppController::setModalActive(bool active)
         return;
     m_modalActive = active;
     refreshClickThroughState();
+    // A dialog takes the keys for Esc and Return; after it, the presenter's
+    // application has them again.
+    if (m_overlayManager)
+        m_overlayManager->setKeyboardLent(hudKey, active);
     emit modalActiveChanged();
 }
 
@@ -370,21 +387,46 @@ void AppController::captureFullScreen()
         emit captureStatusChanged();
         return;
     }
+    // One at a time: the controls come back after the first.
+    if (m_captureInProgress)
+        return;
     QScreen *screen = controlScreen();
     QImage annotations = annotationImage(screen);
     const bool toolbarWasVisible = m_toolbarVisible;
     setToolbarVisible(false);
     setCaptureInProgress(true);
-    QTimer::singleShot(captureDelayMs, this,
-                       [this, screen = QPointer<QScreen>(screen), annotations, toolbarWasVisible] {
-                           QString path;
-                           QString error;
-                           const bool ok =
-                               m_captureManager->captureScreen(screen, annotations, &path, &error);
-                           if (toolbarWasVisible)
-                               setToolbarVisible(true);
-                           finishCapture(ok, path, error);
-                       });
+    grabWhenControlsHidden(
+        [this, screen = QPointer<QScreen>(screen), annotations, toolbarWasVisible] {
+            QString path;
+            QString error;
+            const bool ok = m_captureManager->captureScreen(screen, annotations, &path, &error);
+            if (toolbarWasVisible)
+                setToolbarVisible(true);
+            finishCapture(ok, path, error);
+        });
+}
+
+void AppController::grabWhenControlsHidden(std::function<void()> grab)
+{
+    m_pendingGrab = std::move(grab);
+    m_grabFallback->start();
+}
+
+void AppController::controlsHiddenOnScreen()
+{
+    if (!m_pendingGrab)
+        return;
+    m_grabFallback->stop();
+    QTimer::singleShot(compositorMarginMs, this, &AppController::runPendingGrab);
+}
+
+void AppController::runPendingGrab()
+{
+    if (!m_pendingGrab)
+        return;
+    m_grabFallback->stop();
+    const std::function<void()> grab = std::exchange(m_pendingGrab, nullptr);
+    grab();
 }
 
 void AppController::setCaptureInProgress(bool inProgress)
@@ -429,19 +471,18 @@ void AppController::commitRegionCapture(qreal x, qreal y, qreal w, qreal h)
     const bool toolbarWasVisible = m_savedToolbarVisible;
     setRegionSelecting(false);
     setCaptureInProgress(true);
-    QTimer::singleShot(captureDelayMs, this,
-                       [this, screen = QPointer<QScreen>(screen), region, annotations, overlayWasOn,
-                        toolbarWasVisible] {
-                           QString path;
-                           QString error;
-                           const bool ok = m_captureManager->captureScreenRegion(
-                               screen, region, annotations, &path, &error);
-                           if (overlayWasOn)
-                               setOverlayEnabled(true);
-                           if (toolbarWasVisible)
-                               setToolbarVisible(true);
-                           finishCapture(ok, path, error);
-                       });
+    grabWhenControlsHidden([this, screen = QPointer<QScreen>(screen), region, annotations,
+                            overlayWasOn, toolbarWasVisible] {
+        QString path;
+        QString error;
+        const bool ok =
+            m_captureManager->captureScreenRegion(screen, region, annotations, &path, &error);
+        if (overlayWasOn)
+            setOverlayEnabled(true);
+        if (toolbarWasVisible)
+            setToolbarVisible(true);
+        finishCapture(ok, path, error);
+    });
 }
 
 void AppController::cancelRegionCapture()

@@ -11,6 +11,7 @@
 #include <QSizeF>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class CaptureManager;
@@ -195,6 +196,9 @@ public slots:
     void captureFullScreen();
     void captureRegion();
     void commitRegionCapture(qreal x, qreal y, qreal w, qreal h);
+    // The screen shows the controls window without its content: a capture
+    // waiting for that goes ahead.
+    void controlsHiddenOnScreen();
     void cancelRegionCapture();
     void showSettingsPage(const QString &pageId);
     void startRecording();
@@ -255,6 +259,8 @@ private:
     void setPollResting(bool resting);
     void setRegionSelecting(bool selecting);
     void setCaptureInProgress(bool inProgress);
+    void grabWhenControlsHidden(std::function<void()> grab);
+    void runPendingGrab();
     void finishCapture(bool success, const QString &path, const QString &error);
     void onRecordingFinished(bool success, const QString &path);
     void updateToolbarDragTarget(const QPointF &p);
@@ -306,6 +312,8 @@ private:
     QRectF m_toastRect;
     QRectF m_modalRect;
     bool m_captureInProgress = false;
+    std::function<void()> m_pendingGrab;
+    QTimer *m_grabFallback = nullptr;
     bool m_regionSelecting = false;
     bool m_sessionLocked = false;
     bool m_compositing = true;

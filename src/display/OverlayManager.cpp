@@ -1,8 +1,10 @@
 #include "display/OverlayManager.h"
 
-OverlayManager::OverlayManager(std::unique_ptr<WindowPassThrough> passThrough, QObject *parent)
+OverlayManager::OverlayManager(std::unique_ptr<WindowPassThrough> passThrough,
+                               std::unique_ptr<KeyboardFocus> keyboard, QObject *parent)
     : QObject(parent)
     , m_passThrough(std::move(passThrough))
+    , m_keyboard(std::move(keyboard))
 {
 }
 
@@ -57,6 +59,16 @@ bool OverlayManager::setWindowInputArea(const QString &id, const QRegion &area)
         return false;
     m_shaped.insert(id);
     return true;
+}
+
+void OverlayManager::setKeyboardLent(const QString &id, bool lent)
+{
+    if (!m_keyboard)
+        return;
+    if (!lent)
+        m_keyboard->giveBack();
+    else if (QWindow *window = m_windows.value(id))
+        m_keyboard->lendTo(window);
 }
 
 void OverlayManager::registerWindow(const QString &id, QWindow *window)

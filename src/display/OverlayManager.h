@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/KeyboardFocus.h"
 #include "platform/WindowPassThrough.h"
 
 #include <QHash>
@@ -24,6 +25,7 @@ class OverlayManager : public QObject
 public:
     explicit OverlayManager(
         std::unique_ptr<WindowPassThrough> passThrough = WindowPassThrough::create(),
+        std::unique_ptr<KeyboardFocus> keyboard = KeyboardFocus::create(),
         QObject *parent = nullptr);
     ~OverlayManager() override;
 
@@ -39,6 +41,9 @@ public:
     // logical coordinates, where the platform can shape input; false where it
     // cannot. setWindowClickThrough returns it to a whole-window value.
     bool setWindowInputArea(const QString &id, const QRegion &area);
+    // Lends the keyboard to the window under `id` while a dialog in it needs
+    // the keys, and hands it back to the window that had it after.
+    void setKeyboardLent(const QString &id, bool lent);
     void registerWindow(const QString &id, QWindow *window);
     void unregisterWindow(const QString &id);
 
@@ -54,6 +59,7 @@ private:
     void applyClickThrough(QWindow *window, bool value);
 
     std::unique_ptr<WindowPassThrough> m_passThrough;
+    std::unique_ptr<KeyboardFocus> m_keyboard;
     QHash<QString, QPointer<QWindow>> m_windows;
     QHash<QString, bool> m_overrides;
     // Windows that take the mouse in an area: the global value leaves them alone.

@@ -3,6 +3,7 @@
 #include "app/AppController.h"
 #include "display/DisplayManager.h"
 #include "display/OverlayManager.h"
+#include "display/PresentedFrameWatch.h"
 
 #include <QGuiApplication>
 #include <QLoggingCategory>
@@ -304,8 +305,17 @@ void OverlayWindowManager::createHud(QScreen *screen)
     if (m_overlayManager)
         m_overlayManager->registerWindow(hudKey, window);
     m_hud = window;
-    if (m_appController)
+    if (m_appController) {
         QTimer::singleShot(0, m_appController, &AppController::refreshClickThroughState);
+        // A still capture waits until the screen shows the HUD without its content.
+        auto *frames = new PresentedFrameWatch(window);
+        connect(m_appController, &AppController::captureInProgressChanged, frames, [this, frames] {
+            if (m_appController->captureInProgress())
+                frames->watch();
+        });
+        connect(frames, &PresentedFrameWatch::presented, m_appController,
+                &AppController::controlsHiddenOnScreen);
+    }
     qCDebug(lcOverlayWindows) << "OverlayWindowManager: created HudWindow on" << screen->name()
                               << "at" << window->geometry();
 }

@@ -82,15 +82,6 @@ private slots:
         QScreen *screen = screenNamed(monitor);
         const QPoint pictureAt = screen->geometry().topLeft() + QPoint(500, 300);
         const QPoint insidePicture = pictureAt + QPoint(180, 160);
-        const QRgb desktop = m_user.rootPixel(insidePicture);
-        QProcess viewer;
-        viewer.start(QStringLiteral("display"),
-                     { QStringLiteral("-geometry"),
-                       QStringLiteral("+%1+%2").arg(pictureAt.x()).arg(pictureAt.y()),
-                       m_files.filePath(QStringLiteral("picture.png")) });
-        QVERIFY(viewer.waitForStarted(5000));
-        QTRY_VERIFY_WITH_TIMEOUT(m_user.rootPixel(insidePicture) != desktop, 15000);
-        QTest::qWait(500); // the viewer and a window manager finish their first paint
 
         AssembledApp app;
         QVERIFY(app.isValid());
@@ -103,6 +94,18 @@ private slots:
                                      && button->isVisible()
                                      && screen->geometry().contains(centreOf(button)),
                                  10000);
+
+        // The other program starts after this one: its window stacks above
+        // the program's own until they are raised again.
+        const QRgb desktop = m_user.rootPixel(insidePicture);
+        QProcess viewer;
+        viewer.start(QStringLiteral("display"),
+                     { QStringLiteral("-geometry"),
+                       QStringLiteral("+%1+%2").arg(pictureAt.x()).arg(pictureAt.y()),
+                       m_files.filePath(QStringLiteral("picture.png")) });
+        QVERIFY(viewer.waitForStarted(5000));
+        QTRY_VERIFY_WITH_TIMEOUT(m_user.rootPixel(insidePicture) != desktop, 15000);
+        QTest::qWait(500); // the viewer and a window manager finish their first paint
 
         // Over the picture's corner, so that the desktop beside it shows too.
         // Window managers draw shadows there that no window holds: with

@@ -348,6 +348,8 @@ void tst_X11ProgramOverlays::quitDialogTakesEscAndReturn()
     QTest::qWait(300);
     QVERIFY(takesClicks());
     QCOMPARE(m_program.state(), QProcess::Running);
+    // The application in front has its keys back.
+    QTRY_COMPARE(m_user.inputFocus(), m_client.window());
 
     // Return confirms.
     type("ctrl+shift+q");

@@ -165,18 +165,50 @@ QImage XcbCompositeGrabber::grab(QScreen *screen, const QRect &area, QWindow *le
 {
     if (!m_ready || !screen || area.isEmpty())
         return {};
+    const std::optional<xcb_pixmap_t> wallpaper = desktopPicture();
+    if (!wallpaper)
+        return {};
     const QRect native = toNative(screen, area);
-    const QRect screenNative = toNative(screen, screen->geometry());
     const xcb_window_t skip =
         leftOut ? topLevelOf(static_cast<xcb_window_t>(leftOut->winId())) : XCB_NONE;
+    const QList<TopLevel> windows = viewableTopLevels();
+    Pictures pictures(m_connection);
 
+    xcb_pixmap_t pixmap = XCB_NONE;
+    const xcb_render_picture_t target = newTarget(native.size(), &pixmap);
+    if (*wallpaper != XCB_NONE)
+        composeRootPicture(target, native, *wallpaper);
+    compose(target, native, QPoint(0, 0), windows, skip, pictures);
+    std::optional<DesktopSamples> samples;
+    if (*wallpaper == XCB_NONE)
+        samples =
+            askDesktopSamples(native, toNative(screen, screen->geometry()), windows, pictures);
+    const auto cookie = xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap, 0, 0,
+                                      uint16_t(native.width()), uint16_t(native.height()), ~0u);
+    if (samples)
+        takeDesktopSamples(*samples);
+    Reply<xcb_get_image_reply_t> reply(xcb_get_image_reply(m_connection, cookie, nullptr));
+    QImage result = imageOf(reply.get(), native.size(), QImage::Format_ARGB32_Premultiplied);
+    xcb_render_free_picture(m_connection, target);
+    xcb_free_pixmap(m_connection, pixmap);
+
+    if (!result.isNull() && *wallpaper == XCB_NONE) {
+        QPainter painter(&result);
+        painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
+        painter.fillRect(result.rect(), QColor::fromRgb(m_desktopColour.value_or(qRgb(0, 0, 0))));
+    }
+    return result;
+}
+
+std::optional<xcb_pixmap_t> XcbCompositeGrabber::desktopPicture()
+{
     const auto ownerCookie = xcb_get_selection_owner(m_connection, m_managerSelection);
-    const auto rootPixmapCookie =
+    const auto pictureCookie =
         xcb_get_property(m_connection, 0, m_root, m_rootPixmapAtom, XCB_ATOM_PIXMAP, 0, 1);
     Reply<xcb_get_selection_owner_reply_t> owner(
         xcb_get_selection_owner_reply(m_connection, ownerCookie, nullptr));
-    Reply<xcb_get_property_reply_t> rootPixmapReply(
-        xcb_get_property_reply(m_connection, rootPixmapCookie, nullptr));
+    Reply<xcb_get_property_reply_t> picture(
+        xcb_get_property_reply(m_connection, pictureCookie, nullptr));
     if (!owner || owner->owner == XCB_NONE) {
         // Unredirected windows keep no pixels of their own: below the lens
         // the screen holds the lens itself, and nothing else can be read.
@@ -184,85 +216,64 @@ QImage XcbCompositeGrabber::grab(QScreen *screen, const QRect &area, QWindow *le
             qCInfo(lcGrabber) << "XcbCompositeGrabber: no compositing manager runs; the lens "
                                  "has nothing to show";
         m_warnedNoManager = true;
-        return {};
+        return std::nullopt;
     }
     m_warnedNoManager = false;
-    xcb_pixmap_t rootPixmap = XCB_NONE;
-    if (rootPixmapReply && xcb_get_property_value_length(rootPixmapReply.get()) == 4)
-        std::memcpy(&rootPixmap, xcb_get_property_value(rootPixmapReply.get()), 4);
+    xcb_pixmap_t pixmap = XCB_NONE;
+    if (picture && xcb_get_property_value_length(picture.get()) == 4)
+        std::memcpy(&pixmap, xcb_get_property_value(picture.get()), 4);
+    return pixmap;
+}
 
-    const QList<TopLevel> windows = viewableTopLevels();
-    Pictures pictures(m_connection);
-
-    xcb_pixmap_t areaPixmap = XCB_NONE;
-    const xcb_render_picture_t target = newTarget(native.size(), &areaPixmap);
-    if (rootPixmap != XCB_NONE)
-        composeRootPicture(target, native, rootPixmap);
-    compose(target, native, QPoint(0, 0), windows, skip, pictures);
-
+XcbCompositeGrabber::DesktopSamples
+XcbCompositeGrabber::askDesktopSamples(const QRect &area, const QRect &screen,
+                                       const QList<TopLevel> &windows, Pictures &pictures)
+{
     // Without a background picture, the desktop colour is read where the
     // screen shows nothing but the desktop: there a grab of the screen,
     // which holds everything, has no window's pixel either.
-    const QList<QPoint> samples =
-        rootPixmap == XCB_NONE ? samplePoints(native, screenNative) : QList<QPoint>();
-    xcb_pixmap_t samplePixmap = XCB_NONE;
-    xcb_render_picture_t sampleTarget = XCB_NONE;
-    std::vector<xcb_get_image_cookie_t> screenCookies;
-    xcb_get_image_cookie_t sampleCookie {};
-    if (!samples.isEmpty()) {
-        sampleTarget = newTarget(QSize(int(samples.size()), 1), &samplePixmap);
-        for (int i = 0; i < samples.size(); ++i)
-            compose(sampleTarget, QRect(samples.at(i), QSize(1, 1)), QPoint(i, 0), windows,
-                    XCB_NONE, pictures);
-        sampleCookie = xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, samplePixmap, 0, 0,
-                                     uint16_t(samples.size()), 1, ~0u);
-        for (const QPoint &point : samples)
-            screenCookies.push_back(xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, m_root,
-                                                  int16_t(point.x()), int16_t(point.y()), 1, 1,
-                                                  ~0u));
-    }
-    const auto areaCookie = xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, areaPixmap, 0, 0,
-                                          uint16_t(native.width()), uint16_t(native.height()), ~0u);
+    DesktopSamples samples;
+    const QList<QPoint> points = samplePoints(area, screen);
+    if (points.isEmpty())
+        return samples;
+    samples.target = newTarget(QSize(int(points.size()), 1), &samples.pixmap);
+    for (int i = 0; i < points.size(); ++i)
+        compose(samples.target, QRect(points.at(i), QSize(1, 1)), QPoint(i, 0), windows, XCB_NONE,
+                pictures);
+    samples.coverage = xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, samples.pixmap, 0, 0,
+                                     uint16_t(points.size()), 1, ~0u);
+    for (const QPoint &point : points)
+        samples.shown.push_back(xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, m_root,
+                                              int16_t(point.x()), int16_t(point.y()), 1, 1, ~0u));
+    return samples;
+}
 
-    if (!samples.isEmpty()) {
-        Reply<xcb_get_image_reply_t> covered(
-            xcb_get_image_reply(m_connection, sampleCookie, nullptr));
-        const QImage coverage = imageOf(covered.get(), QSize(int(samples.size()), 1),
-                                        QImage::Format_ARGB32_Premultiplied);
-        int red = 0, green = 0, blue = 0, free = 0;
-        for (int i = 0; i < int(screenCookies.size()); ++i) {
-            Reply<xcb_get_image_reply_t> shown(
-                xcb_get_image_reply(m_connection, screenCookies[size_t(i)], nullptr));
-            const QImage pixel = imageOf(shown.get(), QSize(1, 1), QImage::Format_RGB32);
-            if (coverage.isNull() || pixel.isNull() || qAlpha(coverage.pixel(i, 0)) != 0)
-                continue;
-            const QRgb rgb = pixel.pixel(0, 0);
-            red += qRed(rgb);
-            green += qGreen(rgb);
-            blue += qBlue(rgb);
-            ++free;
-        }
-        if (free > 0)
-            m_desktopColour = qRgb(red / free, green / free, blue / free);
+void XcbCompositeGrabber::takeDesktopSamples(const DesktopSamples &samples)
+{
+    if (samples.shown.empty())
+        return;
+    const int count = int(samples.shown.size());
+    Reply<xcb_get_image_reply_t> covered(
+        xcb_get_image_reply(m_connection, samples.coverage, nullptr));
+    const QImage coverage =
+        imageOf(covered.get(), QSize(count, 1), QImage::Format_ARGB32_Premultiplied);
+    int red = 0, green = 0, blue = 0, uncovered = 0;
+    for (int i = 0; i < count; ++i) {
+        Reply<xcb_get_image_reply_t> shown(
+            xcb_get_image_reply(m_connection, samples.shown[size_t(i)], nullptr));
+        const QImage pixel = imageOf(shown.get(), QSize(1, 1), QImage::Format_RGB32);
+        if (coverage.isNull() || pixel.isNull() || qAlpha(coverage.pixel(i, 0)) != 0)
+            continue;
+        const QRgb rgb = pixel.pixel(0, 0);
+        red += qRed(rgb);
+        green += qGreen(rgb);
+        blue += qBlue(rgb);
+        ++uncovered;
     }
-    Reply<xcb_get_image_reply_t> areaReply(xcb_get_image_reply(m_connection, areaCookie, nullptr));
-    QImage result = imageOf(areaReply.get(), native.size(), QImage::Format_ARGB32_Premultiplied);
-
-    for (xcb_render_picture_t picture : { target, sampleTarget }) {
-        if (picture != XCB_NONE)
-            xcb_render_free_picture(m_connection, picture);
-    }
-    for (xcb_pixmap_t pixmap : { areaPixmap, samplePixmap }) {
-        if (pixmap != XCB_NONE)
-            xcb_free_pixmap(m_connection, pixmap);
-    }
-
-    if (!result.isNull() && rootPixmap == XCB_NONE) {
-        QPainter painter(&result);
-        painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
-        painter.fillRect(result.rect(), QColor::fromRgb(m_desktopColour.value_or(qRgb(0, 0, 0))));
-    }
-    return result;
+    if (uncovered > 0)
+        m_desktopColour = qRgb(red / uncovered, green / uncovered, blue / uncovered);
+    xcb_render_free_picture(m_connection, samples.target);
+    xcb_free_pixmap(m_connection, samples.pixmap);
 }
 
 QList<XcbCompositeGrabber::TopLevel> XcbCompositeGrabber::viewableTopLevels()

@@ -7,6 +7,7 @@
 #include <QRgb>
 
 #include <optional>
+#include <vector>
 #include <xcb/render.h>
 #include <xcb/xcb.h>
 
@@ -16,7 +17,8 @@
 // blends them with the same operations a compositing manager uses. The
 // desktop behind the windows is the root window's background picture, or,
 // where the compositing manager paints one of its own, the colour a grab of
-// the screen shows at free places near the area.
+// the screen shows at free places near the area. What a compositing manager
+// draws of its own accord, such as shadows, is not in the picture.
 class XcbCompositeGrabber final : public ScreenAreaGrabber
 {
 public:
@@ -35,8 +37,21 @@ private:
         bool alpha;
     };
     class Pictures;
+    // Requests in flight for the desktop's colour beside the area.
+    struct DesktopSamples
+    {
+        xcb_pixmap_t pixmap = XCB_NONE;
+        xcb_render_picture_t target = XCB_NONE;
+        xcb_get_image_cookie_t coverage {};
+        std::vector<xcb_get_image_cookie_t> shown;
+    };
 
     bool readFormats();
+    // The wallpaper's pixmap, none, or nullopt where no compositing manager runs.
+    std::optional<xcb_pixmap_t> desktopPicture();
+    DesktopSamples askDesktopSamples(const QRect &area, const QRect &screen,
+                                     const QList<TopLevel> &windows, Pictures &pictures);
+    void takeDesktopSamples(const DesktopSamples &samples);
     QList<TopLevel> viewableTopLevels();
     void clipToFrames(QList<TopLevel> &windows);
     xcb_window_t topLevelOf(xcb_window_t window);

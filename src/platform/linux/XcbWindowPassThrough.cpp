@@ -74,8 +74,9 @@ void XcbWindowPassThrough::excludeFromCapture(QWindow *window)
     if (m_captureLimitLogged)
         return;
     m_captureLimitLogged = true;
-    qCInfo(lcPassThrough) << "XcbWindowPassThrough: X11 cannot exclude windows from capture;"
-                          << "the controls window stays visible in screenshots and recordings";
+    qCInfo(lcPassThrough)
+        << "XcbWindowPassThrough: X11 cannot exclude windows from capture;"
+        << "the controls window steps aside for screenshots and shows in recordings";
 }
 
 bool XcbWindowPassThrough::eventFilter(QObject *watched, QEvent *event)

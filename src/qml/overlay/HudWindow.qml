@@ -203,11 +203,11 @@ Window {
         }
 
         // The quit hotkey may arrive while the HUD passes the mouse through and
-        // has no focus: the dialog needs the keyboard for Esc and Return. The
-        // window already stands above the desktop's, and below a locker.
+        // has no focus: the open dialog is modal, which lends the HUD the
+        // keyboard for Esc and Return until it closes. The window already
+        // stands above the desktop's, and below a locker.
         function onQuitRequested() {
             quitDialog.visible = true;
-            root.requestActivate();
         }
 
         function onRegionCaptureRequested() {
@@ -291,7 +291,7 @@ Window {
         }
     }
 
-    // The lens grabs the screen below this window, so it never shows itself.
+    // The lens grabs the screen without this window, so it never shows itself.
     MagnifierLens {
         // Not over a dialog: the lens would show the screen undimmed through it.
         active: (AppTheme.isWindows || AppTheme.isLinux) && appController.magnifierEnabled && root.uiVisible
