@@ -70,7 +70,7 @@ public:
     // Brings the layer up to date at the painter's device scale and paints
     // it; the window draws the same layer through the scene graph.
     void paint(QPainter *painter);
-    // The parts of the layer that are drawn, in its device pixels.
+    // The areas of the layer that are drawn, in its device pixels.
     QList<QRect> drawnAreas() const { return m_tiles.runs(); }
 
 signals:

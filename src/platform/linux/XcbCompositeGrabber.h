@@ -31,7 +31,7 @@ private:
     {
         xcb_window_t id;
         QRect rect; // border included, in root coordinates
-        QRect shown; // the part the compositing manager draws
+        QRect shown; // the area the compositing manager draws
         int border;
         xcb_render_pictformat_t format;
         bool alpha;
@@ -76,7 +76,7 @@ private:
     xcb_window_t m_leftOutWindow = XCB_NONE;
     xcb_window_t m_leftOutTopLevel = XCB_NONE;
     std::optional<QRgb> m_desktopColour;
-    // Per top-level window and size: the part its frame shows, in the
+    // Per top-level window and size: the area its frame shows, in the
     // window's own coordinates.
     QHash<xcb_window_t, QPair<QSize, QRect>> m_shownParts;
 };
